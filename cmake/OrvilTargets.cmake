@@ -1,0 +1,20 @@
+# What every target of this project is compiled with. Installed targets hand none of it on to their users.
+
+add_library(orvil_options INTERFACE)
+# A multiplication and an addition are never fused: results are the same with every compiler and processor.
+target_compile_options(orvil_options INTERFACE -ffp-contract=off)
+if(ORVIL_DEVELOPER_WARNINGS)
+  target_compile_options(orvil_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Werror)
+endif()
+set(ORVIL_SANITIZERS "" CACHE STRING "Sanitizers, as -fsanitize takes them")
+if(ORVIL_SANITIZERS)
+  target_compile_options(orvil_options INTERFACE
+    -fsanitize=${ORVIL_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(orvil_options INTERFACE -fsanitize=${ORVIL_SANITIZERS})
+endif()
+option(ORVIL_COVERAGE "Count executed lines and branches" OFF)
+if(ORVIL_COVERAGE)
+  target_compile_options(orvil_options INTERFACE --coverage -fprofile-abs-path)
+  target_link_options(orvil_options INTERFACE --coverage)
+endif()

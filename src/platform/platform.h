@@ -1,0 +1,76 @@
+// The seam between the library and the system it runs on. windows/ and posix/ each give every function a body.
+//
+// On Windows the bodies call the system's own interfaces. On POSIX they give the nearest honest answer: there is no
+// private heap, so creating one fails; debug texts go to syslog; paths are folded in the text.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace orvil::platform {
+
+// --- the private heap -----------------------------------------------------------------------------------------------
+
+// The answer of heap_compatibility() when the system gives none.
+inline constexpr std::uint32_t kNoHeapInformation = 0xFFFFFFFF;
+
+// Creates a growable heap with an initial commit of 1 MiB; null when the system has none to give.
+void* heap_create();
+
+// Asks for the low-fragmentation policy. A system that lacks it, or refuses, is ignored.
+void heap_enable_low_fragmentation(void* heap);
+
+// The heap's compatibility information: 0 standard, 1 look-aside lists, 2 low-fragmentation; kNoHeapInformation when
+// the heap is null or the query is missing or fails.
+std::uint32_t heap_compatibility(void* heap);
+
+// Zero-filled blocks of a heap that is not null. A grown block's new tail is zero-filled too.
+void* heap_alloc(void* heap, std::size_t size);
+void* heap_realloc(void* heap, void* block, std::size_t size);
+void heap_free(void* heap, void* block);
+
+// Releases the heap with all its blocks; nonzero on success.
+std::uint32_t heap_destroy(void* heap);
+
+// --- text -----------------------------------------------------------------------------------------------------------
+
+// Hands a text to whoever debugs the process.
+void debug_text(const char* text);
+
+// Whether the byte begins a double-byte character in the current code page.
+bool is_lead_byte(unsigned char byte);
+
+// Whether the current code page has double-byte characters at all. When it has none, no byte needs to be asked for.
+bool has_lead_bytes();
+
+// Compare without regard to case, as lower-case bytes: negative, zero or positive.
+int compare_no_case(const char* left, const char* right);
+int compare_no_case(const char* left, const char* right, std::size_t limit);
+
+// The decimal number at the start of the text, as `atol` reads it, with results beyond 32 bits clamped to the nearest
+// value that fits.
+std::int32_t parse_int32(const char* text);
+
+// --- files ----------------------------------------------------------------------------------------------------------
+
+struct FileStatus {
+    std::uint32_t mode = 0;  // the C runtime's st_mode: 0x4000 folder, 0x8000 file, 0x100 readable, 0x80 writable
+    std::int64_t size = 0;   // bytes
+    std::int64_t accessed = 0, modified = 0, created = 0;  // seconds since 1970
+};
+
+// The status of an existing file or folder; false when there is none or it cannot be asked for. A file of more than
+// 0x7FFFFFFF bytes gives false as well: every caller counts in 32 bits.
+bool file_status(const char* path, FileStatus& status);
+
+// The absolute form of a path that need not exist, with the system's own separators; "." and ".." are folded. False
+// when the result and its terminator do not fit into size bytes or the path is null.
+bool full_path(const char* path, char* buffer, std::size_t size);
+
+// --- the entry routine ----------------------------------------------------------------------------------------------
+
+// What src/runtime does when the library is loaded and unloaded. entry.cpp registers both with the system's loader.
+void on_load();
+void on_unload();
+
+}  // namespace orvil::platform
