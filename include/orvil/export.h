@@ -1,8 +1,8 @@
 /// @file
 /// Which declarations the library exports, and how.
 ///
-/// A host needs nothing from here: it includes the headers and links the import library (Windows) or the shared library.
-/// Apart from the library's platform layer this is the only file that asks which platform it is compiled for.
+/// A host needs nothing from here: it includes the headers and links the import library (Windows) or the shared
+/// library. Apart from the library's platform layer this is the only file that asks which platform it is compiled for.
 #pragma once
 
 #if defined(ORVIL_STATIC)

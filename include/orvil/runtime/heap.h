@@ -2,8 +2,8 @@
 /// The allocator behind strings and containers, its statistics, and three portability functions.
 ///
 /// Memory comes from the C runtime (modes 1 and 2) or from a private heap of the library's own (modes 3 and 4). Mode 4,
-/// a private heap with the low-fragmentation policy, is the default; the environment variable "KESA_HEAPINFO_ORV" with a
-/// value from 1 to 4 overrides it. The mode is decided once, at load or at the first allocation, and read from the C
+/// a private heap with the low-fragmentation policy, is the default; the environment variable "KESA_HEAPINFO_ORV" with
+/// a value from 1 to 4 overrides it. The mode is decided once, at load or at the first allocation, and read from the C
 /// runtime's copy of the environment. Where the private heap cannot be created (always outside Windows) the allocator
 /// falls back to mode 2, unless the variable demands 3 or 4: then every allocation yields null.
 ///
@@ -62,8 +62,8 @@ ORVIL_API int st_ImpFunc_strcasecmp(const char* left, const char* right);
 ORVIL_API int st_ImpFunc_strncasecmp(const char* left, const char* right, int limit);
 
 /// @return a copy of the first @p length bytes of @p text, or of all of it when @p length is 0. The block has
-/// @p length + 1 bytes, zero behind the text, and comes from the C runtime: release it with free(). Null when there is no
-/// memory or no text.
+/// @p length + 1 bytes, zero behind the text, and comes from the C runtime: release it with free(). Null when there is
+/// no memory or no text.
 ORVIL_API char* st_ImpFunc_strdup(const char* text, unsigned length);
 
 }  // extern "C"

@@ -7,7 +7,8 @@ void* heap_create() {
     return nullptr;
 }
 
-void heap_enable_low_fragmentation(void*) {}
+void heap_enable_low_fragmentation(void*) {
+}
 
 std::uint32_t heap_compatibility(void*) {
     return kNoHeapInformation;
@@ -21,7 +22,8 @@ void* heap_realloc(void*, void*, std::size_t) {
     return nullptr;
 }
 
-void heap_free(void*, void*) {}
+void heap_free(void*, void*) {
+}
 
 std::uint32_t heap_destroy(void*) {
     return 0;
