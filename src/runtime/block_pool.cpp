@@ -1,0 +1,197 @@
+#include "runtime/block_pool.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace orvil::detail {
+namespace {
+
+// Idle chunks that are kept, so that a program that frees and makes its strings in turns does not ask the source each
+// time.
+constexpr std::size_t kIdleChunksKept = 1;
+
+}  // namespace
+
+BlockPool::Page* BlockPool::page_at(const Chunk* chunk, std::size_t index) {
+    return reinterpret_cast<Page*>(reinterpret_cast<unsigned char*>(chunk->first_page) + index * kPageSize);
+}
+
+void BlockPool::list(Page*& head, Page* page) {
+    page->previous = nullptr;
+    page->next = head;
+    if (head != nullptr) {
+        head->previous = page;
+    }
+    head = page;
+    page->listed = true;
+}
+
+void BlockPool::unlist(Page*& head, Page* page) {
+    (page->previous == nullptr ? head : page->previous->next) = page->next;
+    if (page->next != nullptr) {
+        page->next->previous = page->previous;
+    }
+    page->listed = false;
+}
+
+// Makes an empty page serve the class.
+BlockPool::Page* BlockPool::open_page(std::size_t index) {
+    if (empty_ == nullptr && !add_chunk()) {
+        return nullptr;
+    }
+    Page* page = empty_;
+    unlist(empty_, page);
+    if (page->chunk->pages_in_use++ == 0) {
+        --idle_chunks_;
+    }
+    page->freed = nullptr;
+    page->carved = kFirstBlock;
+    page->block_size = static_cast<std::uint32_t>((index + 1) * kGranularity);
+    page->living = 0;
+    list(available_[index], page);
+    return page;
+}
+
+void* BlockPool::take_block(Page* page) {
+    unsigned char* block;
+    if (page->freed != nullptr) {
+        block = reinterpret_cast<unsigned char*>(page->freed);
+        page->freed = page->freed->next;
+        std::memset(block, 0, page->block_size);
+    } else {
+        block = reinterpret_cast<unsigned char*>(page) + page->carved;
+        page->carved += page->block_size;
+        if (!page->clean) {
+            std::memset(block, 0, page->block_size);
+        }
+    }
+    ++page->living;
+    if (page->freed == nullptr && page->carved + page->block_size > kPageSize) {
+        unlist(available_[class_of(page->block_size)], page);
+    }
+    return block;
+}
+
+void BlockPool::release(void* block) {
+    Page* page = page_of(block);
+    FreeBlock* freed = static_cast<FreeBlock*>(block);
+    freed->next = page->freed;
+    page->freed = freed;
+    Page*& head = available_[class_of(page->block_size)];
+    if (!page->listed) {
+        list(head, page);
+    }
+    // The last page of its class stays open: the next text of its size finds it.
+    if (--page->living == 0 && (page->next != nullptr || page->previous != nullptr)) {
+        unlist(head, page);
+        close_page(page);
+    }
+}
+
+void BlockPool::close_page(Page* page) {
+    page->clean = false;
+    list(empty_, page);
+    if (--page->chunk->pages_in_use == 0 && ++idle_chunks_ > kIdleChunksKept) {
+        drop_chunk(page->chunk);
+    }
+}
+
+// A chunk's record stands in front of its first page, which begins at the next multiple of the page size.
+bool BlockPool::add_chunk() {
+    void* memory = source_.obtain((kPagesPerChunk + 1) * kPageSize);
+    if (memory == nullptr) {
+        return false;
+    }
+    Chunk* chunk = static_cast<Chunk*>(memory);
+    const std::uintptr_t behind = reinterpret_cast<std::uintptr_t>(chunk + 1);
+    chunk->first_page = reinterpret_cast<Page*>((behind + kPageSize - 1) & ~(kPageSize - 1));
+    if (!mark(chunk->first_page, true)) {
+        mark(chunk->first_page, false);
+        source_.release(memory);
+        return false;
+    }
+    chunk->pages_in_use = 0;
+    chunk->previous = nullptr;
+    chunk->next = chunks_;
+    if (chunks_ != nullptr) {
+        chunks_->previous = chunk;
+    }
+    chunks_ = chunk;
+    ++idle_chunks_;
+    for (std::size_t index = kPagesPerChunk; index-- > 0;) {
+        Page* page = page_at(chunk, index);
+        page->chunk = chunk;
+        page->clean = true;
+        list(empty_, page);
+    }
+    return true;
+}
+
+void BlockPool::drop_chunk(Chunk* chunk) {
+    for (std::size_t index = 0; index < kPagesPerChunk; ++index) {
+        unlist(empty_, page_at(chunk, index));
+    }
+    (chunk->previous == nullptr ? chunks_ : chunk->previous->next) = chunk->next;
+    if (chunk->next != nullptr) {
+        chunk->next->previous = chunk->previous;
+    }
+    --idle_chunks_;
+    mark(chunk->first_page, false);
+    source_.release(chunk);
+}
+
+// Notes in the bit maps that the pages of a chunk are this pool's, or no longer are.
+bool BlockPool::mark(Page* first, bool ours) {
+    const std::uintptr_t start = reinterpret_cast<std::uintptr_t>(first) / kPageSize;
+    for (std::uintptr_t number = start; number < start + kPagesPerChunk; ++number) {
+        if (number / kPagesPerLeaf >= kLeaves) {
+            return false;
+        }
+        std::uint64_t*& leaf = leaves_[number / kPagesPerLeaf];
+        if (leaf == nullptr && ours) {
+            leaf = static_cast<std::uint64_t*>(std::calloc(kPagesPerLeaf / 64, sizeof *leaf));
+        }
+        if (leaf == nullptr) {
+            return false;
+        }
+        const std::uint64_t bit = std::uint64_t{1} << (number % 64);
+        std::uint64_t& word = leaf[number % kPagesPerLeaf / 64];
+        word = ours ? word | bit : word & ~bit;
+    }
+    return true;
+}
+
+void BlockPool::abandon() {
+    for (std::uint64_t*& leaf : leaves_) {
+        std::free(leaf);
+        leaf = nullptr;
+    }
+    for (Page*& page : available_) {
+        page = nullptr;
+    }
+    empty_ = nullptr;
+    chunks_ = nullptr;
+    idle_chunks_ = 0;
+}
+
+void BlockPool::trim() {
+    for (Page*& head : available_) {
+        if (head != nullptr && head->next == nullptr && head->living == 0) {
+            Page* page = head;
+            unlist(head, page);
+            close_page(page);
+        }
+    }
+    for (Chunk* chunk = chunks_; chunk != nullptr;) {
+        Chunk* next = chunk->next;
+        if (chunk->pages_in_use == 0) {
+            drop_chunk(chunk);
+        }
+        chunk = next;
+    }
+    if (chunks_ == nullptr) {
+        abandon();
+    }
+}
+
+}  // namespace orvil::detail

@@ -1,0 +1,171 @@
+#include "runtime/block_pool.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <random>
+#include <vector>
+
+namespace {
+
+using orvil::detail::BlockPool;
+
+int chunks = 0;
+bool exhausted = false;
+
+void* obtain(std::size_t size) {
+    if (exhausted) {
+        return nullptr;
+    }
+    ++chunks;
+    return std::calloc(1, size);
+}
+
+void release(void* chunk) {
+    --chunks;
+    std::free(chunk);
+}
+
+class BlockPoolTest : public testing::Test {
+protected:
+    BlockPoolTest() {
+        chunks = 0;
+        exhausted = false;
+    }
+    ~BlockPoolTest() override { pool.trim(); }
+
+    BlockPool pool{{obtain, release}};
+};
+
+bool all_zero(const void* block, std::size_t size) {
+    const auto* bytes = static_cast<const unsigned char*>(block);
+    for (std::size_t i = 0; i < size; ++i) {
+        if (bytes[i] != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+TEST_F(BlockPoolTest, BlocksOfEverySizeAreZeroAlignedAndApart) {
+    std::vector<unsigned char*> blocks;
+    for (std::size_t size = 0; size <= BlockPool::kLargestBlock; ++size) {
+        auto* block = static_cast<unsigned char*>(pool.allocate(size));
+        ASSERT_NE(block, nullptr);
+        EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % 16, 0u);
+        EXPECT_GE(BlockPool::block_size(block), size);
+        EXPECT_TRUE(all_zero(block, BlockPool::block_size(block))) << size;
+        std::memset(block, static_cast<int>(size % 255 + 1), size);
+        blocks.push_back(block);
+    }
+    for (std::size_t size = 0; size <= BlockPool::kLargestBlock; ++size) {
+        for (std::size_t i = 0; i < size; ++i) {
+            ASSERT_EQ(blocks[size][i], size % 255 + 1);
+        }
+        pool.release(blocks[size]);
+    }
+}
+
+TEST_F(BlockPoolTest, AFreedBlockComesBackZeroed) {
+    void* keeper = pool.allocate(24);
+    void* block = pool.allocate(24);
+    std::memset(block, 0xAA, 24);
+    pool.release(block);
+    void* again = pool.allocate(24);
+    EXPECT_EQ(again, block);
+    EXPECT_TRUE(all_zero(again, 32));
+    pool.release(again);
+    pool.release(keeper);
+}
+
+TEST_F(BlockPoolTest, OwnsItsBlocksAndNothingElse) {
+    int local = 0;
+    void* foreign = std::malloc(100);
+    void* block = pool.allocate(100);
+    EXPECT_TRUE(pool.owns(block));
+    EXPECT_FALSE(pool.owns(foreign));
+    EXPECT_FALSE(pool.owns(&local));
+    EXPECT_FALSE(pool.owns(nullptr));
+    EXPECT_FALSE(pool.owns(reinterpret_cast<void*>(~std::uintptr_t{0})));
+    pool.release(block);
+    std::free(foreign);
+}
+
+TEST_F(BlockPoolTest, AnExhaustedSourceYieldsNullAndLaterServesAgain) {
+    exhausted = true;
+    EXPECT_EQ(pool.allocate(8), nullptr);
+    exhausted = false;
+    void* block = pool.allocate(8);
+    EXPECT_NE(block, nullptr);
+    pool.release(block);
+}
+
+TEST_F(BlockPoolTest, ChunksThatRunEmptyGoBackButForOne) {
+    std::vector<void*> blocks;
+    for (int i = 0; i < 40000; ++i) {
+        blocks.push_back(pool.allocate(256));
+    }
+    EXPECT_GE(chunks, 9);
+    for (void* block : blocks) {
+        pool.release(block);
+    }
+    EXPECT_LE(chunks, 2);
+    pool.trim();
+    EXPECT_EQ(chunks, 0);
+}
+
+TEST_F(BlockPoolTest, TrimKeepsChunksWithLivingBlocks) {
+    void* block = pool.allocate(64);
+    pool.trim();
+    EXPECT_EQ(chunks, 1);
+    EXPECT_TRUE(pool.owns(block));
+    pool.release(block);
+}
+
+TEST_F(BlockPoolTest, AnAbandonedPoolOwnsNothingAndStartsAnew) {
+    void* lost = pool.allocate(64);
+    ASSERT_NE(lost, nullptr);
+    pool.release(lost);
+    pool.trim();
+    pool.abandon();
+    EXPECT_FALSE(pool.owns(lost));
+    void* block = pool.allocate(64);
+    EXPECT_TRUE(all_zero(block, 64));
+    pool.release(block);
+}
+
+TEST_F(BlockPoolTest, RandomTrafficKeepsEveryBlocksBytes) {
+    const unsigned seed = std::random_device{}();
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    std::mt19937 random(seed);
+    struct Held {
+        unsigned char* block;
+        std::size_t size;
+        unsigned char mark;
+    };
+    std::vector<Held> held;
+    for (int step = 0; step < 200000; ++step) {
+        if (held.empty() || random() % 100 < (step / 20000 % 2 == 0 ? 70u : 30u)) {
+            const std::size_t size = random() % 4 == 0 ? random() % 1025 : random() % 64;
+            auto* block = static_cast<unsigned char*>(pool.allocate(size));
+            ASSERT_TRUE(all_zero(block, size));
+            held.push_back({block, size, static_cast<unsigned char>(random() | 1)});
+            std::memset(block, held.back().mark, size);
+        } else {
+            std::swap(held[random() % held.size()], held.back());
+            for (std::size_t i = 0; i < held.back().size; ++i) {
+                ASSERT_EQ(held.back().block[i], held.back().mark);
+            }
+            pool.release(held.back().block);
+            held.pop_back();
+        }
+    }
+    for (const Held& last : held) {
+        pool.release(last.block);
+    }
+    pool.trim();
+    EXPECT_EQ(chunks, 0);
+}
+
+}  // namespace
