@@ -1,5 +1,11 @@
 # What every target of this project is compiled with. Installed targets hand none of it on to their users.
 
+find_program(ORVIL_CCACHE ccache)
+mark_as_advanced(ORVIL_CCACHE)
+if(PROJECT_IS_TOP_LEVEL AND ORVIL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${ORVIL_CCACHE})
+endif()
+
 add_library(orvil_options INTERFACE)
 # A multiplication and an addition are never fused: results are the same with every compiler and processor.
 target_compile_options(orvil_options INTERFACE -ffp-contract=off)
