@@ -9,26 +9,12 @@ uint64_t st_dwMoreLargeSize = 0;
 uint64_t st_dwMostLargeSize = 0;
 
 namespace orvil::detail {
-namespace {
-
-constexpr std::uint32_t kRuntimeHeap = 1;
-constexpr std::uint32_t kRuntimeHeapByFallback = 2;
-constexpr std::uint32_t kPrivateHeap = 3;
-constexpr std::uint32_t kPrivateHeapLowFragmentation = 4;
-
-constexpr const char* kModeVariable = "KESA_HEAPINFO_ORV";
-
-struct HeapState {
-    std::uint32_t mode = kPrivateHeapLowFragmentation;
-    void* handle = nullptr;
-    bool initialised = false;  // never cleared again, so that no second heap is made
-};
 
 HeapState heap;
 
-bool is_private(std::uint32_t mode) {
-    return mode >= kPrivateHeap;
-}
+namespace {
+
+constexpr const char* kModeVariable = "KESA_HEAPINFO_ORV";
 
 // Any value but 1 to 4 leaves the mode as it is.
 void read_mode() {
@@ -47,7 +33,7 @@ bool initialise_heap() {
         return true;
     }
     read_mode();
-    if (is_private(heap.mode)) {
+    if (heap.is_private()) {
         heap.handle = platform::heap_create();
         if (heap.handle == nullptr) {
             return false;
@@ -60,6 +46,8 @@ bool initialise_heap() {
     return true;
 }
 
+}  // namespace
+
 // The second attempt reads the environment again: a variable that insists on a private heap leaves the handle null.
 void ensure_heap() {
     if (!heap.initialised && !initialise_heap()) {
@@ -68,18 +56,11 @@ void ensure_heap() {
     }
 }
 
-void note_request(std::size_t size) {
-    if (size > st_dwMoreLargeSize) {
-        st_dwMoreLargeSize = size;
-    }
-}
-
-}  // namespace
-
 std::uint32_t destroy_private_heap() {
-    if (!is_private(heap.mode) || heap.handle == nullptr) {
+    if (!heap.is_private() || heap.handle == nullptr) {
         return heap.mode - kPrivateHeap;
     }
+    abandon_small_blocks();
     const std::uint32_t result = platform::heap_destroy(heap.handle);
     heap.handle = nullptr;
     return result;
@@ -107,34 +88,4 @@ uint32_t orv_heap_getlfh(int) {
 
 void* orv_heap_gethandle() {
     return heap.handle;
-}
-
-void* orv_heap_alloc(size_t size) {
-    orvil::detail::note_request(size);
-    orvil::detail::ensure_heap();
-    if (!orvil::detail::is_private(heap.mode)) {
-        return std::calloc(1, size);
-    }
-    return heap.handle == nullptr ? nullptr : orvil::platform::heap_alloc(heap.handle, size);
-}
-
-void* orv_heap_realloc(void* block, size_t size) {
-    orvil::detail::note_request(size);
-    orvil::detail::ensure_heap();
-    if (!orvil::detail::is_private(heap.mode)) {
-        return std::realloc(block, size);
-    }
-    return heap.handle == nullptr ? nullptr : orvil::platform::heap_realloc(heap.handle, block, size);
-}
-
-void orv_heap_free(void* block) {
-    if (block == nullptr) {
-        return;
-    }
-    orvil::detail::ensure_heap();
-    if (!orvil::detail::is_private(heap.mode)) {
-        std::free(block);
-    } else if (heap.handle != nullptr) {  // blocks of a destroyed heap went with it
-        orvil::platform::heap_free(heap.handle, block);
-    }
 }

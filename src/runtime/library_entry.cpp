@@ -13,6 +13,7 @@ void on_load() {
 
 void on_unload() {
     detail::destroy_private_heap();
+    detail::trim_heap();
     debug_text("ORVIL.DLL Terminate ... \r\n");
 }
 
