@@ -15,10 +15,12 @@
 #define ORVIL_API __attribute__((visibility("default")))
 #endif
 
-/// Lets the compiler check the arguments of a function that takes a printf-style format. @p format and @p first are the
-/// positions of the format and of the first argument, counted from 1 (from 2 in member functions).
-#if defined(__GNUC__)
-#define ORVIL_PRINTF(format, first) __attribute__((format(gnu_printf, format, first)))
+/// Lets the compiler check the arguments of a function that takes a printf-style format. @p format_at and @p first_at
+/// are the positions of the format and of the first argument, counted from 1 (from 2 in member functions).
+#if defined(__clang__)
+#define ORVIL_PRINTF(format_at, first_at) __attribute__((format(printf, format_at, first_at)))
+#elif defined(__GNUC__)
+#define ORVIL_PRINTF(format_at, first_at) __attribute__((format(gnu_printf, format_at, first_at)))
 #else
-#define ORVIL_PRINTF(format, first)
+#define ORVIL_PRINTF(format_at, first_at)
 #endif
