@@ -1,0 +1,19 @@
+# What `cmake --install` puts where: the library, its headers, the CMake package `orvil` and the pkg-config file.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+set(orvil_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orvil)
+
+install(TARGETS orvil EXPORT orvil)
+install(DIRECTORY include/orvil TYPE INCLUDE FILES_MATCHING PATTERN "*.h")
+
+# The package needs no others, since PCRE is linked privately: the exported target is the whole of it.
+install(EXPORT orvil NAMESPACE orvil:: FILE orvilConfig.cmake DESTINATION ${orvil_package_dir})
+write_basic_package_version_file(orvilConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/orvilConfigVersion.cmake DESTINATION ${orvil_package_dir})
+
+# Paths in the pkg-config file start from where it lies, so that an installation can be moved.
+file(RELATIVE_PATH orvil_pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+get_target_property(orvil_pc_library orvil OUTPUT_NAME)
+configure_file(cmake/orvil.pc.in orvil.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/orvil.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

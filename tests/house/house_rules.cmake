@@ -1,0 +1,48 @@
+# Checks rules of the source tree that no compiler checks; run in its root by `cmake -P`.
+cmake_minimum_required(VERSION 3.25)
+
+# forbid(PATTERN WHY FILE...): no line of the files matches.
+function(forbid pattern why)
+  foreach(file IN LISTS ARGN)
+    file(STRINGS ${file} lines REGEX "${pattern}")
+    if(lines)
+      message(SEND_ERROR "${file}: ${why}: ${lines}")
+    endif()
+  endforeach()
+endfunction()
+
+file(GLOB_RECURSE headers RELATIVE ${CMAKE_SOURCE_DIR} include/*.h)
+file(GLOB_RECURSE library RELATIVE ${CMAKE_SOURCE_DIR} include/*.h src/*.h src/*.cpp)
+list(LENGTH headers header_count)
+if(header_count LESS 3)
+  message(FATAL_ERROR "run this in the root of the source tree")
+endif()
+
+# The platform is asked for in one public header and in one folder.
+set(portable ${library})
+list(FILTER portable EXCLUDE REGEX "^src/platform/|^include/orvil/export.h$")
+forbid("_WIN32|__MINGW|_MSC_VER|include <windows" "platforms are told apart in src/platform" ${portable})
+
+# <windows.h> may define min and max as macros, which would take these for their calls.
+forbid("(std::|>::)(min|max) ?\\(" "write (std::min)(a, b), because of the macros of <windows.h>" ${headers})
+
+# The umbrella header includes every other public header, in order.
+file(STRINGS include/orvil/orvil.h umbrella REGEX "^#include ")
+set(expected ${headers})
+list(REMOVE_ITEM expected include/orvil/orvil.h)
+list(TRANSFORM expected REPLACE "^include/(.*)$" "#include \"\\1\"")
+list(SORT expected)
+if(NOT umbrella STREQUAL expected)
+  list(JOIN expected "\n" expected)
+  message(SEND_ERROR "include/orvil/orvil.h must contain exactly:\n${expected}")
+endif()
+
+# The host in the README is the one that is compiled and run.
+if(EXISTS ${CMAKE_SOURCE_DIR}/examples/read_me.cpp)
+  file(READ README.md readme)
+  file(READ examples/read_me.cpp example)
+  string(FIND "${readme}" "```cpp\n${example}```" position)
+  if(position EQUAL -1)
+    message(SEND_ERROR "README.md does not show examples/read_me.cpp as it is")
+  endif()
+endif()
