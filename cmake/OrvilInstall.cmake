@@ -12,8 +12,13 @@ install(EXPORT orvil NAMESPACE orvil:: FILE orvilConfig.cmake DESTINATION ${orvi
 write_basic_package_version_file(orvilConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/orvilConfigVersion.cmake DESTINATION ${orvil_package_dir})
 
-# Paths in the pkg-config file start from where it lies, so that an installation can be moved.
-file(RELATIVE_PATH orvil_pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-get_target_property(orvil_pc_library orvil OUTPUT_NAME)
+# Paths in the pkg-config file start from where it lies, so that an installation can be moved. The import library is
+# named by its file, since `-lORVIL` does not find it in a static link.
+file(RELATIVE_PATH orvil_pc_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" orvil_pc_prefix ${orvil_pc_prefix})
+set(orvil_pc_library orvil)
+if(WIN32)
+  set(orvil_pc_library :libORVIL.dll.a)
+endif()
 configure_file(cmake/orvil.pc.in orvil.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/orvil.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

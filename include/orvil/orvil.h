@@ -3,5 +3,11 @@
 #pragma once
 
 #include "orvil/export.h"
+#include "orvil/files/file_path.h"
 #include "orvil/runtime/heap.h"
+#include "orvil/strings/ext_format.h"
+#include "orvil/strings/ext_string.h"
+#include "orvil/tokens/lex_token.h"
+#include "orvil/tokens/lexical_analyzer.h"
+#include "orvil/tokens/stream_mem_file.h"
 #include "orvil/version.h"
