@@ -32,6 +32,11 @@ void heap_free(void* heap, void* block);
 // Releases the heap with all its blocks; nonzero on success.
 std::uint32_t heap_destroy(void* heap);
 
+// --- the stack ------------------------------------------------------------------------------------------------------
+
+// How many bytes the calling thread's stack can still grow by; 0 when the system does not say.
+std::size_t stack_room();
+
 // --- text -----------------------------------------------------------------------------------------------------------
 
 // Hands a text to whoever debugs the process.

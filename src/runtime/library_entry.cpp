@@ -1,5 +1,6 @@
 // What happens when the library is loaded and unloaded.
 #include "orvil/runtime/heap.h"
+#include "orvil/strings/regex.h"
 #include "platform/platform.h"
 #include "runtime/heap_state.h"
 
@@ -12,6 +13,7 @@ void on_load() {
 }
 
 void on_unload() {
+    regex_cleanup();
     detail::destroy_private_heap();
     detail::trim_heap();
     debug_text("ORVIL.DLL Terminate ... \r\n");

@@ -1,0 +1,78 @@
+#include "strings/regex_execute.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "orvil/strings/regex.h"
+#include "platform/platform.h"
+#include "strings/regex_cache.h"
+
+namespace orvil::detail {
+namespace {
+
+constexpr std::size_t kMostStackBytes = std::size_t{4} << 20;
+constexpr std::size_t kMostHeapBytes = std::size_t{256} << 20;
+
+// PCRE keeps the state of a search in frames, on the stack or in the heap, as it was built. It tells the size of one
+// when it is called like this: negative when they are on the stack.
+int frame_size() {
+    static const int size = pcre_exec(nullptr, nullptr, nullptr, -999, -999, 0, nullptr, 0);
+    return size;
+}
+
+// How many frames are safe now. Half of the stack's rest is left to functions that frames do not account for.
+unsigned long recursion_limit() {
+    const int size = frame_size();
+    if (size < 0) {
+        const std::size_t room = std::min(platform::stack_room() / 2, kMostStackBytes);
+        return static_cast<unsigned long>(room / static_cast<std::size_t>(-size));
+    }
+    return static_cast<unsigned long>(kMostHeapBytes / static_cast<std::size_t>(std::max(size, 1)));
+}
+
+// Machine code answers like the interpreter for well-formed arguments and these options. It counts an offset vector of
+// two ints differently.
+bool suits_machine_code(const RegexSearch& search) {
+    constexpr int kOptions = PCRE_NOTBOL | PCRE_NOTEOL | PCRE_NOTEMPTY | PCRE_NOTEMPTY_ATSTART | PCRE_NO_UTF8_CHECK;
+    return search.start >= 0 && search.start <= search.length && search.size >= 3 && (search.options & ~kOptions) == 0;
+}
+
+int run_pcre(const regex_entry& entry, const pcre_extra* extra, const RegexSearch& search) {
+    return pcre_exec(entry.code, extra, search.subject, search.length, search.start, search.options, search.ovector,
+                     search.size);
+}
+
+// Machine code has a stack of its own size and its own way to count backtracking, so its limits are not the answer.
+bool gave_up(int result) {
+    return result == PCRE_ERROR_JIT_STACKLIMIT || result == PCRE_ERROR_MATCHLIMIT;
+}
+
+}  // namespace
+
+int execute_regex(const regex_entry& entry, const RegexSearch& search) {
+    if (entry.has_machine_code && suits_machine_code(search)) {
+        const int result = run_pcre(entry, entry.study, search);
+        if (!gave_up(result)) {
+            return result;
+        }
+    }
+    return interpret_regex(entry, search);
+}
+
+int interpret_regex(const regex_entry& entry, const RegexSearch& search) {
+    pcre_extra extra = entry.study != nullptr ? *entry.study : pcre_extra();
+    extra.flags = (extra.flags & PCRE_EXTRA_STUDY_DATA) | PCRE_EXTRA_MATCH_LIMIT_RECURSION;
+    extra.match_limit_recursion = recursion_limit();
+    return run_pcre(entry, &extra, search);
+}
+
+}  // namespace orvil::detail
+
+int regex_execute(const void* handle, const void*, const char* subject, int length, int start, int options,
+                  int* ovector, int size) {
+    const regex_entry* entry = orvil::detail::regex_cache.entry_of(handle);
+    if (entry == nullptr || subject == nullptr || ovector == nullptr) {
+        return -1;
+    }
+    return orvil::detail::execute_regex(*entry, {subject, length, start, options, ovector, size});
+}
