@@ -3,6 +3,7 @@
 #pragma once
 
 #include <new>
+#include <utility>
 
 #include "orvil/strings/slot_array.h"
 
@@ -112,6 +113,13 @@ public:
             Base::slots_[i] = nullptr;
         }
         return element;
+    }
+
+    /// Exchanges the elements of two arrays. Nothing is copied.
+    void Swap(CExtArray& other) noexcept {
+        std::swap(Base::slots_, other.slots_);
+        std::swap(Base::size_, other.size_);
+        std::swap(Base::capacity_, other.capacity_);
     }
 
 private:
