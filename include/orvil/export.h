@@ -5,6 +5,8 @@
 /// library. Apart from the library's platform layer this is the only file that asks which platform it is compiled for.
 #pragma once
 
+/// @def ORVIL_API
+/// Marks what the library exports.
 #if defined(ORVIL_STATIC)
 #define ORVIL_API
 #elif defined(_WIN32) && defined(ORVIL_BUILDING)
