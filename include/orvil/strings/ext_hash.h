@@ -45,8 +45,9 @@ public:
     virtual ~CExtHash() = default;
 
     /// @name Storing a copy of a value under a key, or replacing the one that is there
-    /// Each returns false when there is no memory; then the hash is as it was.
     /// @{
+
+    /// Each returns false when there is no memory; then the hash is as it was.
     bool SetAt(const char* key, const T& value) { return SetAtItem(key, value); }
     bool SetAt(unsigned int key, const T& value) { return SetAtItem(KeyText(key), value); }
     bool SetAt(int key, const T& value) { return SetAtItem(KeyText(key), value); }
@@ -55,8 +56,9 @@ public:
     /// @}
 
     /// @name Copying the value of a key to @p value
-    /// Each returns false when there is no entry; then @p value is as it was.
     /// @{
+
+    /// Each returns false when there is no entry; then @p value is as it was.
     bool Lookup(const char* key, T& value) const { return LookupItem(key, value); }
     bool Lookup(unsigned int key, T& value) const { return LookupItem(KeyText(key), value); }
     bool Lookup(int key, T& value) const { return LookupItem(KeyText(key), value); }
@@ -65,9 +67,10 @@ public:
     /// @}
 
     /// @name The value of a key, made as T() when there is none
+    /// @{
+
     /// The reference holds until the entry is removed. When there is no memory it is to a spare value that no entry
     /// has.
-    /// @{
     T& operator[](const char* key) { return ValueOf(key); }
     T& operator[](unsigned int key) { return ValueOf(KeyText(key)); }
     T& operator[](int key) { return ValueOf(KeyText(key)); }

@@ -60,8 +60,9 @@ public:
     // --- one entry ---------------------------------------------------------------------------------------------------
 
     /// @name Copying the value of a key to @p value
-    /// Each returns false when there is no entry; then @p value is as it was.
     /// @{
+
+    /// Each returns false when there is no entry; then @p value is as it was.
     bool Lookup(const char* key, CExtString& value) const { return LookupItem(key, value); }
     bool Lookup(unsigned int key, CExtString& value) const { return LookupItem(KeyText(key), value); }
     bool Lookup(int key, CExtString& value) const { return LookupItem(KeyText(key), value); }
@@ -70,8 +71,9 @@ public:
     /// @}
 
     /// @name The text of a key's value, or null when there is no entry
-    /// The text holds until the value is changed or its entry removed.
     /// @{
+
+    /// The text holds until the value is changed or its entry removed.
     const char* operator[](const char* key) const { return TextOf(key); }
     const char* operator[](unsigned int key) const { return TextOf(KeyText(key)); }
     const char* operator[](int key) const { return TextOf(KeyText(key)); }
@@ -80,9 +82,10 @@ public:
     /// @}
 
     /// @name The value of a key, made empty when there is none
+    /// @{
+
     /// The reference holds until the entry is removed. When there is no memory it is to a spare value that no entry
     /// has.
-    /// @{
     CExtString& operator[](const char* key) { return ValueOf(key); }
     CExtString& operator[](unsigned int key) { return ValueOf(KeyText(key)); }
     CExtString& operator[](int key) { return ValueOf(KeyText(key)); }
@@ -91,8 +94,9 @@ public:
     /// @}
 
     /// @name Storing a copy of a text under a key, or replacing the value that is there
-    /// Each returns false when there is no memory for a new entry; then the hash is as it was.
     /// @{
+
+    /// Each returns false when there is no memory for a new entry; then the hash is as it was.
     bool SetAt(const char* key, const char* value) { return SetAtItem(key, value); }
     bool SetAt(unsigned int key, const char* value) { return SetAtItem(KeyText(key), value); }
     bool SetAt(int key, const char* value) { return SetAtItem(KeyText(key), value); }

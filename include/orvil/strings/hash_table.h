@@ -110,8 +110,9 @@ public:
     /// @}
 
     /// @name Removing an entry
-    /// Each closes the snapshot of OpenKeys() when something is removed, and returns false when there is no such entry.
     /// @{
+
+    /// Each closes the snapshot of OpenKeys() when something is removed, and returns false when there is no such entry.
     bool RemoveKey(const char* key) { return RemoveItem(key); }
     bool RemoveKey(unsigned int key) { return RemoveItem(KeyText(key)); }
     bool RemoveKey(int key) { return RemoveItem(KeyText(key)); }
