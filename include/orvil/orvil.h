@@ -13,6 +13,7 @@
 #include "orvil/strings/ext_str_hash.h"
 #include "orvil/strings/ext_str_list.h"
 #include "orvil/strings/ext_string.h"
+#include "orvil/strings/regex.h"
 #include "orvil/strings/hash_table.h"
 #include "orvil/strings/node_list.h"
 #include "orvil/strings/slot_array.h"
