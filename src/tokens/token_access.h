@@ -1,0 +1,53 @@
+// What the library's own makers of tokens may do beyond the public members.
+#pragma once
+
+#include <utility>
+
+#include "orvil/tokens/lex_token.h"
+#include "strings/string_access.h"
+
+namespace orvil::detail {
+
+struct TokenAccess {
+    // Becomes a token of `size` bytes without a NUL, which are copied once. Position, kind and result are those of
+    // Create() with analyze set when `kind` is none, else those of Create() with that kind.
+    static bool make(CLexToken& token, const char* text, int size, int line, int column, ETokenKind kind) {
+        if (!StringAccess::assign(token.text_, text, size)) {
+            reset(token);
+            return false;
+        }
+        token.line_ = line;
+        token.column_ = column;
+        token.kind_ = kind == eTokenNone && is_lone_meta_character(token) ? eTokenMetaChar : kind;
+        return token.AnalyzeString();
+    }
+
+    // Becomes a token that has its kind although it has no text.
+    static void make_without_text(CLexToken& token, int line, int column, ETokenKind kind) {
+        reset(token);
+        token.line_ = line;
+        token.column_ = column;
+        token.kind_ = kind;
+    }
+
+    static void reset(CLexToken& token) {
+        token.line_ = -1;
+        token.column_ = -1;
+        token.kind_ = eTokenNone;
+        token.text_.Empty();
+    }
+
+    // Exchanges two tokens. Nothing is allocated.
+    static void swap(CLexToken& a, CLexToken& b) noexcept {
+        std::swap(a.line_, b.line_);
+        std::swap(a.column_, b.column_);
+        std::swap(a.kind_, b.kind_);
+        StringAccess::swap(a.text_, b.text_);
+    }
+
+    static bool is_lone_meta_character(const CLexToken& token) {
+        return token.text_.GetLength() == 1 && CLexToken::IsMetaCharacter(token.text_.GetAt(0)) >= 0;
+    }
+};
+
+}  // namespace orvil::detail

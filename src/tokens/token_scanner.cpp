@@ -1,0 +1,27 @@
+#include "tokens/token_scanner.h"
+
+namespace orvil::detail {
+
+bool TokenScanner::next(CLexToken& token) {
+    TokenAccess::reset(token);
+    information_.Empty();
+    if (StreamAccess::at_end(stream_)) {
+        return true;
+    }
+    binder_ = '\0';
+    LexemeBuilder& lexeme = scanner_.lexeme();
+    lexeme.clear();
+    const TextPosition position = StreamAccess::position(stream_);
+    scanner_.set_token_position(position);
+    const std::optional<ETokenKind> kind = scanner_.scan();
+    if (!kind) {
+        return false;
+    }
+    if (!keep_comments_ && (*kind == eTokenComment || *kind == eTokenSingleComment)) {
+        TokenAccess::make_without_text(token, position.line, position.column, *kind);
+        return true;
+    }
+    return TokenAccess::make(token, lexeme.data(), lexeme.size(), position.line, position.column, *kind);
+}
+
+}  // namespace orvil::detail
