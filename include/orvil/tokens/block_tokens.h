@@ -94,10 +94,11 @@ bool bt_add_block_assign(CLexTokenBlock& block, const char* name, const char* te
 
 /// @}
 /// @name Adding to a listing
+/// @{
+
 /// Each appends one value token to an open node.
 /// @return false when the text made by the format is no value of that type, when the node is closed, and when memory
 /// runs out
-/// @{
 ORVIL_API bool bt_add_listing_item(CLexTokenBlock& listing, int value, const char* format = "%d");
 ORVIL_API bool bt_add_listing_item(CLexTokenBlock& listing, unsigned int value, const char* format = "0x%08X");
 /// @param format null for "%.*g" with CLexTokenBlock::RefDoublePercision()

@@ -69,8 +69,9 @@ public:
     ~CLexTokenBlock() override;
 
     /// @name Storage of nodes
-    /// Nodes made by `new` come from the library, whichever module asks. The throwing form throws std::bad_alloc.
     /// @{
+
+    /// Nodes made by `new` come from the library, whichever module asks. The throwing form throws std::bad_alloc.
     static void* operator new(std::size_t size);
     static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
     static void* operator new(std::size_t, void* place) noexcept { return place; }
@@ -198,12 +199,13 @@ public:
     /// @}
 
     /// @name Reading the forms
+    /// @{
+
     /// Each looks in a block for the assignment @p name as FindAssignmentBlockEntity() does and converts its first
     /// value of the wanted kind. The first assignment of the name decides, at whatever depth, also when it holds no
     /// value of that kind.
     /// @return false when this is no block, or there is no such assignment or value, or it does not convert; then the
     /// output is untouched
-    /// @{
     bool GetAssignmentDecimal(const char* name, int& value) const;
     bool GetAssignmentHexaDecimal(const char* name, unsigned int& value) const;
     bool GetAssignmentDouble(const char* name, double& value) const;

@@ -28,7 +28,9 @@ public:
     /// @param sourcePath the file to read; it is opened by DoParse()
     /// @param keepComments whether comments come into the tree, as plain tokens
     CTokenParser(const char* sourcePath, bool keepComments);
+    /// A copy of its own, with the stream and the message as they stand.
     CTokenParser(const CTokenParser& source);
+    /// As the copy constructor.
     CTokenParser& operator=(const CTokenParser& source);
     virtual ~CTokenParser();
 

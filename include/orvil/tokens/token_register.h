@@ -33,7 +33,9 @@ public:
     /// @param useTab whether to indent by a TAB for each level
     /// @param indentWidth the number of blanks for each level otherwise
     CTokenRegister(const char* targetPath, bool useTab, int indentWidth);
+    /// A copy of its own, with the stream as it stands.
     CTokenRegister(const CTokenRegister& source);
+    /// As the copy constructor.
     CTokenRegister& operator=(const CTokenRegister& source);
     virtual ~CTokenRegister();
 
