@@ -4,7 +4,9 @@
 #include <cstring>
 #include <utility>
 
+#include "orvil/runtime/heap.h"
 #include "orvil/strings/ext_string.h"
+#include "runtime/buffer_statistics.h"
 
 namespace orvil::detail {
 
@@ -46,8 +48,30 @@ public:
 
     static int capacity(const CExtString& string) { return string.capacity_; }
 
+    // Empties a string without releasing the buffer, of which the books say that it is released.
+    static char* detach(CExtString& string) {
+        char* buffer = string.buffer_;
+        if (buffer != nullptr) {
+            book_release(string.capacity_);
+            string.Init();
+        }
+        return buffer;
+    }
+
     // The bytes themselves, for changes in place; null when there is no buffer.
     static char* bytes(CExtString& string) { return string.buffer_; }
+};
+
+// Empties a string, whose former text stays readable as long as this object lives.
+class FormerBuffer {
+public:
+    explicit FormerBuffer(CExtString& string) : buffer_(StringAccess::detach(string)) {}
+    ~FormerBuffer() { orv_heap_free(buffer_); }
+    FormerBuffer(const FormerBuffer&) = delete;
+    FormerBuffer& operator=(const FormerBuffer&) = delete;
+
+private:
+    char* buffer_;
 };
 
 }  // namespace orvil::detail
