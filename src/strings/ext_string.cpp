@@ -309,3 +309,33 @@ const CExtString& CExtString::operator+=(const char* s) {
     ConcatString(s);
     return *this;
 }
+
+CExtString operator+(const CExtString& left, const CExtString& right) {
+    CExtString both(left);
+    both += right;
+    return both;
+}
+
+CExtString operator+(const CExtString& left, char right) {
+    CExtString both(left);
+    both += right;
+    return both;
+}
+
+CExtString operator+(const CExtString& left, const char* right) {
+    CExtString both(left);
+    both += right;
+    return both;
+}
+
+CExtString operator+(char left, const CExtString& right) {
+    CExtString both(left, 1);
+    both += right;
+    return both;
+}
+
+CExtString operator+(const char* left, const CExtString& right) {
+    CExtString both(left);
+    both += right;
+    return both;
+}
