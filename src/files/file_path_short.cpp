@@ -6,6 +6,20 @@
 #include "orvil/files/file_path.h"
 #include "orvil/strings/ext_str_array.h"
 
+namespace {
+
+// Adds one name. An element whose text found no memory is empty, although the array took it.
+bool add_name(CExtStrArray& list, std::string_view text) {
+    CExtString name;
+    if (!name.CreateFromStringLen(text.data(), static_cast<int>(text.size())) || !list.Add(name)) {
+        return false;
+    }
+    const char* added = list.GetAt(list.GetSize() - 1);
+    return text.empty() || (added != nullptr && *added != '\0');
+}
+
+}  // namespace
+
 bool CFilePath::AnalyzeDirectoryList(CExtStrArray& list) const {
     list.RemoveAll();
     const std::string_view directory = directory_.GetString();
@@ -15,8 +29,7 @@ bool CFilePath::AnalyzeDirectoryList(CExtStrArray& list) const {
         if (end == std::string_view::npos) {
             end = directory.size();
         }
-        CExtString name;
-        if (!name.CreateFromStringLen(directory.data() + begin, static_cast<int>(end - begin)) || !list.Add(name)) {
+        if (!add_name(list, directory.substr(begin, end - begin))) {
             return false;
         }
         begin = end + 1;
