@@ -61,7 +61,7 @@ std::string analyse(const std::string& full) {
     if (!Path::AnalyzePathParts(full.c_str(), drive, directory, name)) {
         return "false";
     }
-    return Path(drive, directory, name).parts();
+    return std::string(drive) + "|" + directory.GetString() + "|" + name.GetString();
 }
 
 std::string divide(const char* path) {
