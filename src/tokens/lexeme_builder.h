@@ -23,6 +23,9 @@ public:
     }
 
     bool empty() const { return size_ == 0; }
+
+    // Whether there ever was no memory.
+    bool failed() const { return failed_; }
     const char* data() const { return data_; }
     int size() const { return static_cast<int>(size_); }
 
@@ -49,6 +52,7 @@ public:
 private:
     bool append_copy(const char* bytes, std::size_t size) {
         if (!make_room(size_ + size)) {
+            failed_ = true;
             return false;
         }
         std::memcpy(block_ + size_, bytes, size);
@@ -85,6 +89,7 @@ private:
     std::size_t size_ = 0;
     char* block_ = nullptr;
     std::size_t room_ = 0;
+    bool failed_ = false;
 };
 
 }  // namespace orvil::detail

@@ -21,7 +21,9 @@ bool TokenScanner::next(CLexToken& token) {
         TokenAccess::make_without_text(token, position.line, position.column, *kind);
         return true;
     }
-    return TokenAccess::make(token, lexeme.data(), lexeme.size(), position.line, position.column, *kind);
+    const bool made = TokenAccess::make(token, lexeme.data(), lexeme.size(), position.line, position.column, *kind);
+    out_of_memory_ = out_of_memory_ || !made;
+    return made;
 }
 
 }  // namespace orvil::detail

@@ -23,12 +23,16 @@ public:
 
     const CExtString& information() const { return information_; }
 
+    // Whether a token was ever lost because there was no memory for it.
+    bool out_of_memory() { return out_of_memory_ || scanner_.lexeme().failed(); }
+
 private:
     CStreamMemFile& stream_;
     CExtString information_;
     char binder_ = '\0';
     LexemeScanner scanner_{stream_, information_, binder_};
     bool keep_comments_;
+    bool out_of_memory_ = false;
 };
 
 }  // namespace orvil::detail

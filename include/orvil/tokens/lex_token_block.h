@@ -245,8 +245,6 @@ private:
         kExposed   ///< nothing, as children have been handed out and may have become anything
     };
 
-    int FindClosingBrace() const;
-
     CExtArray<CLexTokenBlock> children_;
     EGrammerType grammar_type_ = eGrammerInvalid;
     bool no_write_delimiter_ = false;

@@ -1,0 +1,233 @@
+#include "tokens/block_access.h"
+
+#include <new>
+#include <utility>
+
+#include "tokens/token_access.h"
+#include "tokens/token_key.h"
+#include "tokens/walk_stack.h"
+
+namespace orvil::detail {
+namespace {
+
+constexpr int kUnset = -1;
+
+struct Place {
+    const CLexTokenBlock* node;
+    int next;
+};
+
+struct CopyStep {
+    const CLexTokenBlock* source;
+    CLexTokenBlock* target;
+    int next;
+};
+
+}  // namespace
+
+// --- searching ------------------------------------------------------------------------------------------------------
+
+int BlockAccess::find_block(const CLexTokenBlock& node, const char* name, int start) {
+    const TokenKey key(eTokenSymbol, name);
+    for (int i = start < 0 ? 0 : start; i < count(node); ++i) {
+        const CLexTokenBlock& entry = *child(node, i);
+        if (entry.IsBlockType() && key.matches(entry)) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+int BlockAccess::find_assignment(const CLexTokenBlock& node, const char* name, const CLexTokenBlock*& holder) {
+    const TokenKey key(eTokenSymbol, name);
+    WalkStack<Place> places;
+    bool memory = places.push({&node, 0});
+    while (memory && !places.empty()) {
+        Place& place = places.top();
+        if (place.next == count(*place.node)) {
+            places.pop();
+            continue;
+        }
+        const int index = place.next++;
+        const CLexTokenBlock& entry = *child(*place.node, index);
+        if (entry.IsAssignType() && (key.any_text() || key.matches(entry))) {
+            holder = place.node;
+            return index;
+        }
+        if (entry.IsBlockType() && count(entry) > 0) {
+            memory = places.push({&entry, 0});
+        }
+    }
+    return -1;
+}
+
+int BlockAccess::find_closing_brace(const CLexTokenBlock& block) {
+    using Closing = CLexTokenBlock::Closing;
+    const int last = count(block) - 1;
+    if (block.closing_ == Closing::kLast) {
+        return last;
+    }
+    int index = 0;
+    while (index <= last && !is_meta(*child(block, index), '}')) {
+        ++index;
+    }
+    if (index > last) {
+        return -1;
+    }
+    if (index == last && block.closing_ == Closing::kUnknown) {
+        block.closing_ = Closing::kLast;
+    }
+    return index;
+}
+
+// --- making nodes ---------------------------------------------------------------------------------------------------
+
+NodePtr BlockAccess::make() {
+    return NodePtr(new (std::nothrow) CLexTokenBlock);
+}
+
+NodePtr BlockAccess::make(ETokenKind kind, const char* text) {
+    NodePtr node = make();
+    return node != nullptr && node->Create(text, kUnset, kUnset, false, kind) ? std::move(node) : nullptr;
+}
+
+NodePtr BlockAccess::make_meta(char c) {
+    NodePtr node = make();
+    return node != nullptr && node->Create(static_cast<EMetaCharacter>(c), kUnset, kUnset) ? std::move(node) : nullptr;
+}
+
+NodePtr BlockAccess::wrap(const CLexToken& token) {
+    NodePtr node = make();
+    return node != nullptr && node->CLexToken::CopyData(token) ? std::move(node) : nullptr;
+}
+
+NodePtr BlockAccess::copy_tree(const CLexTokenBlock& source) {
+    const auto copy_alone = [](const CLexTokenBlock& original) {
+        NodePtr copy = wrap(original);
+        if (copy != nullptr) {
+            copy->grammar_type_ = original.grammar_type_;
+            copy->no_write_delimiter_ = original.no_write_delimiter_;
+            copy->closed_ = original.closed_;
+        }
+        return copy;
+    };
+    NodePtr root = copy_alone(source);
+    WalkStack<CopyStep> steps;
+    if (root == nullptr || !steps.push({&source, root.get(), 0})) {
+        return nullptr;
+    }
+    while (!steps.empty()) {
+        CopyStep& step = steps.top();
+        if (step.next == count(*step.source)) {
+            steps.pop();
+            continue;
+        }
+        const CLexTokenBlock& original = *child(*step.source, step.next++);
+        NodePtr copy = copy_alone(original);
+        CLexTokenBlock* below = copy.get();
+        if (append(*step.target, copy) < 0 || (count(original) > 0 && !steps.push({&original, below, 0}))) {
+            return nullptr;
+        }
+    }
+    return root;
+}
+
+// --- changing nodes -------------------------------------------------------------------------------------------------
+
+int BlockAccess::insert(CLexTokenBlock& parent, int index, NodePtr& node) {
+    const int size = count(parent);
+    const bool at_end = index < 0 || index >= size;
+    if (node == nullptr ||
+        !(at_end ? parent.children_.AddAdopted(node.get()) : parent.children_.InsertAdopted(index, node.get()))) {
+        return -1;
+    }
+    if (parent.closing_ == CLexTokenBlock::Closing::kLast && (at_end || is_meta(*node, '}'))) {
+        parent.closing_ = CLexTokenBlock::Closing::kUnknown;
+    }
+    node.release()->parent_ = &parent;
+    return at_end ? size : index;
+}
+
+void BlockAccess::clear(CLexTokenBlock& node) {
+    node.Initialize();
+    node.DeleteAllBlocks();
+    node.no_write_delimiter_ = false;
+}
+
+int BlockAccess::add_entry(CLexTokenBlock& block, NodePtr entry) {
+    if (!block.closed_) {
+        return append(block, entry);
+    }
+    const int brace = block.IsBlockType() ? find_closing_brace(block) : -1;
+    return brace < 0 ? -1 : insert(block, brace, entry);
+}
+
+void BlockAccess::take_content(CLexTokenBlock& target, CLexTokenBlock& source) {
+    TokenAccess::swap(target, source);
+    target.children_.Swap(source.children_);
+    std::swap(target.grammar_type_, source.grammar_type_);
+    std::swap(target.no_write_delimiter_, source.no_write_delimiter_);
+    std::swap(target.closed_, source.closed_);
+    target.closing_ = CLexTokenBlock::Closing::kUnknown;
+    for (int i = 0; i < count(target); ++i) {
+        target.children_.GetAt(i)->parent_ = &target;
+    }
+    release_children(source);
+}
+
+bool BlockAccess::become_block(CLexTokenBlock& node, NodePtr name) {
+    clear(node);
+    if (name == nullptr || append(node, make_meta('{')) < 0 || append(node, make_meta('}')) < 0) {
+        release_children(node);
+        return false;
+    }
+    take_name(node, *name, eGrammerBlock);
+    node.closing_ = CLexTokenBlock::Closing::kLast;
+    return true;
+}
+
+bool BlockAccess::become_assignment(CLexTokenBlock& node, NodePtr name, NodePtr value) {
+    clear(node);
+    if (name == nullptr || append(node, make_meta('=')) < 0 || append(node, value) < 0 ||
+        append(node, make_meta(';')) < 0) {
+        release_children(node);
+        return false;
+    }
+    take_name(node, *name, eGrammerAssign);
+    return true;
+}
+
+void BlockAccess::take_name(CLexTokenBlock& node, CLexTokenBlock& name, EGrammerType form) {
+    TokenAccess::swap(node, name);
+    node.grammar_type_ = form;
+    node.closed_ = true;
+}
+
+// Goes down to the deepest last child, deletes it and climbs. A node that is about to go keeps its index in the place
+// of its form, which is not asked for any more, and its parent is set afresh on the way down.
+void BlockAccess::release_children(CLexTokenBlock& node) {
+    CLexTokenBlock* holder = &node;
+    int index = count(node);
+    while (index > 0 || holder != &node) {
+        if (index == 0) {
+            CLexTokenBlock* empty = holder;
+            holder = empty->parent_;
+            index = empty->grammar_type_;
+            holder->children_.ClearAt(index);
+            continue;
+        }
+        --index;
+        CLexTokenBlock* last = holder->children_.GetAt(index);
+        if (last == nullptr || count(*last) == 0) {
+            holder->children_.ClearAt(index);
+            continue;
+        }
+        last->parent_ = holder;
+        last->grammar_type_ = static_cast<EGrammerType>(index);
+        holder = last;
+        index = count(*last);
+    }
+    node.children_.RemoveAll();
+}
+
+}  // namespace orvil::detail

@@ -1,0 +1,14 @@
+// The written form of tokens, appended to a text that is being put together.
+#pragma once
+
+#include "orvil/tokens/lex_token.h"
+#include "tokens/lead_bytes.h"
+#include "tokens/text_buffer.h"
+
+namespace orvil::detail {
+
+// What CLexToken::CreateOutputString() gives. False for a token without a written form; whether there was memory is for
+// the buffer to tell.
+bool append_written_form(TextBuffer& out, const CLexToken& token, const LeadBytes& lead_bytes);
+
+}  // namespace orvil::detail
