@@ -21,7 +21,9 @@ endif()
 # The platform is asked for in one public header and in one folder.
 set(portable ${library})
 list(FILTER portable EXCLUDE REGEX "^src/platform/|^include/orvil/export.h$")
-forbid("_WIN32|__MINGW|_MSC_VER|include <windows" "platforms are told apart in src/platform" ${portable})
+set(platform_macros "_WIN32|_WIN64|WINNT|__MINGW|__CYGWIN__|_MSC_VER|__linux|__unix|__APPLE__|__ELF__|_POSIX_")
+set(platform_headers "include <(windows|winbase|io|direct|process|unistd|dirent|dlfcn|strings|syslog|pthread)\\.h>|include <sys/")
+forbid("${platform_macros}|${platform_headers}" "platforms are told apart in src/platform" ${portable})
 
 # <windows.h> may define min and max as macros, which would take these for their calls.
 forbid("(std::|>::)(min|max) ?\\(" "write (std::min)(a, b), because of the macros of <windows.h>" ${headers})
