@@ -3,13 +3,27 @@
 
 #include <cstring>
 
+// Classes and flat functions.
+static bool builds_a_block() {
+    CLexTokenBlock view;
+    int width = 0;
+    return bt_init_block(view, "View") && bt_add_block_assign(view, "Width", 640) &&
+           bt_get_block_assign(view, "Width", width) && width == 640;
+}
+
+// A template, which is compiled in the consumer and takes its memory from the library.
+static bool keeps_values_by_key() {
+    CExtHash<int> pages;
+    int page = 0;
+    return pages.SetAt("index", 12) && pages.Lookup("index", page) && page == 12;
+}
+
+// Exported data.
+static bool sees_the_statistics() {
+    CExtString text('x', 100);
+    return st_dwMostLargeSize >= 100 && std::strcmp(CExtString().GetString(), "") == 0;
+}
+
 int main() {
-    char* copy = static_cast<char*>(orv_heap_alloc(6));
-    if (copy == nullptr) {
-        return 1;
-    }
-    std::memcpy(copy, "hello", 6);
-    const bool equal = st_ImpFunc_strcasecmp(copy, "HELLO") == 0;
-    orv_heap_free(copy);
-    return equal && orv_heap_gettype() != 0 ? 0 : 1;
+    return builds_a_block() && keeps_values_by_key() && sees_the_statistics() ? 0 : 1;
 }

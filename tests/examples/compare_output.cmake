@@ -1,0 +1,20 @@
+# Runs the command given behind `--` and compares what it prints with the file EXPECTED.
+cmake_minimum_required(VERSION 3.25)
+
+set(command)
+set(index 0)
+while(index LESS CMAKE_ARGC AND NOT CMAKE_ARGV${index} STREQUAL "--")
+  math(EXPR index "${index} + 1")
+endwhile()
+math(EXPR index "${index} + 1")
+while(index LESS CMAKE_ARGC)
+  list(APPEND command ${CMAKE_ARGV${index}})
+  math(EXPR index "${index} + 1")
+endwhile()
+
+execute_process(COMMAND ${command} OUTPUT_VARIABLE printed RESULT_VARIABLE result)
+string(REPLACE "\r\n" "\n" printed "${printed}")
+file(READ ${EXPECTED} expected)
+if(NOT result EQUAL 0 OR NOT printed STREQUAL expected)
+  message(FATAL_ERROR "exit code ${result}, printed:\n${printed}\nexpected:\n${expected}")
+endif()
