@@ -69,9 +69,10 @@ TEST_F(RegexExecute, VectorOfTwoIntsHoldsTheWholeMatch) {
 TEST_F(RegexExecute, VectorOfOneOrNoIntHoldsNothing) {
     int pairs[2] = {-7, -7};
     void* handle = regex_compile("/a/");
-    EXPECT_EQ(regex_execute(handle, nullptr, "a", 1, 0, 0, pairs, 1), 0);
     EXPECT_EQ(regex_execute(handle, nullptr, "a", 1, 0, 0, pairs, 0), 0);
     EXPECT_EQ(pairs[0], -7);
+    EXPECT_EQ(regex_execute(handle, nullptr, "a", 1, 0, 0, pairs, 1), 0);
+    EXPECT_EQ(pairs[1], -7);
 }
 
 TEST_F(RegexExecute, NullArgumentsAndNonHandlesGiveMinusOne) {

@@ -1,0 +1,138 @@
+// The regular-expression members of CExtString.
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <string>
+#include <string_view>
+
+#include "orvil/strings/ext_str_array.h"
+#include "orvil/strings/ext_string.h"
+#include "strings/regex_cache.h"
+#include "strings/regex_replace.h"
+#include "strings/regex_rest_search.h"
+#include "strings/string_access.h"
+
+using orvil::detail::regex_entry_for;
+using orvil::detail::RegexRestSearch;
+using orvil::detail::StringAccess;
+
+namespace {
+
+// An unset group, or one that ends before it begins, gives an empty element.
+void append_piece(CExtStrArray& parts, const char* text, int length) {
+    CExtString piece(text, std::max(length, 0));
+    parts.Add(piece);
+}
+
+// Cuts a text at every match. A match that leaves the search where it is would be found for ever: then the cuts at the
+// empty matches that led there are undone, and what is left is one piece.
+class Splitting {
+public:
+    Splitting(const regex_entry& entry, std::string_view text) : search_(entry), rest_(text) {}
+
+    CExtStrArray run() {
+        while (search_.find(rest_) && pass_match()) {
+        }
+        if (!rest_.empty()) {
+            append_piece(parts_, rest_.data(), static_cast<int>(rest_.size()));
+        }
+        return parts_;
+    }
+
+private:
+    // False when nothing is left to be searched for.
+    bool pass_match() {
+        if (!search_.is_empty()) {
+            before_empty_ = nullptr;
+        } else if (before_empty_ == nullptr) {
+            before_empty_ = rest_.data();
+            parts_before_empty_ = parts_.GetSize();
+        }
+        if (search_.end() == 0) {
+            undo_empty_matches();
+            return false;
+        }
+        append_piece(parts_, rest_.data(), search_.begin());
+        rest_.remove_prefix(static_cast<std::size_t>(search_.end()));
+        return !rest_.empty();
+    }
+
+    void undo_empty_matches() {
+        const auto passed = static_cast<std::size_t>(rest_.data() - before_empty_);
+        rest_ = {before_empty_, rest_.size() + passed};
+        if (parts_.GetSize() > parts_before_empty_) {
+            parts_.Remove(parts_before_empty_, parts_.GetSize() - parts_before_empty_);
+        }
+    }
+
+    RegexRestSearch search_;
+    std::string_view rest_;
+    CExtStrArray parts_;
+    const char* before_empty_ = nullptr;  // where the first of a series of empty matches was searched for
+    int parts_before_empty_ = 0;
+};
+
+}  // namespace
+
+void* CExtString::_MakeRegexV(const char* pattern) {
+    return regex_entry_for(pattern);
+}
+
+// The pattern is looked up before the parts are emptied: it may be one of them.
+int CExtString::_RegexMatch(const char* pattern, CExtStrArray* parts) const {
+    const regex_entry* entry = regex_entry_for(pattern);
+    if (parts != nullptr) {
+        parts->RemoveAll();
+    }
+    if (entry == nullptr) {
+        return -1;
+    }
+    if (buffer_ == nullptr || length_ < 0) {
+        return 0;
+    }
+    RegexRestSearch search(*entry);
+    if (!search.find({buffer_, static_cast<std::size_t>(length_)})) {
+        return 0;
+    }
+    for (int pair = 0; parts != nullptr && pair < search.pairs(); ++pair) {
+        const int begin = std::max(search.begin(pair), 0);
+        append_piece(*parts, buffer_ + begin, search.end(pair) - begin);
+    }
+    return search.pairs();
+}
+
+int CExtString::RegexMatch(const char* pattern) const {
+    return std::max(_RegexMatch(pattern, nullptr), 0);
+}
+
+int CExtString::RegexMatch(const char* pattern, CExtStrArray& parts) const {
+    return std::max(_RegexMatch(pattern, &parts), 0);
+}
+
+CExtString CExtString::RegexReplace(const char* pattern, const char* replacement) const {
+    CExtString result(*this);
+    const regex_entry* entry = regex_entry_for(pattern);
+    if (entry == nullptr) {
+        return result;
+    }
+    try {
+        const std::string text =
+            orvil::detail::replace_regex(*entry, GetString(), replacement != nullptr ? replacement : "");
+        StringAccess::assign(result, text.data(), static_cast<int>(text.size()));
+    } catch (const std::bad_alloc&) {
+        // The result is the unchanged copy.
+    }
+    return result;
+}
+
+CExtString CExtString::RegexReplace(const char*, const CExtStrArray&) const {
+    return *this;
+}
+
+CExtStrArray CExtString::RegexSplit(const char* pattern) const {
+    if (buffer_ == nullptr) {
+        return CExtStrArray();
+    }
+    const regex_entry* entry = regex_entry_for(pattern);
+    return entry != nullptr ? Splitting(*entry, buffer_).run() : CExtStrArray();
+}
