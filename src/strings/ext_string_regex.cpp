@@ -7,36 +7,33 @@
 
 #include "orvil/strings/ext_str_array.h"
 #include "orvil/strings/ext_string.h"
+#include "strings/array_access.h"
 #include "strings/regex_cache.h"
 #include "strings/regex_replace.h"
 #include "strings/regex_rest_search.h"
 #include "strings/string_access.h"
 
+using orvil::detail::ArrayAccess;
+using orvil::detail::bounded_length;
 using orvil::detail::regex_entry_for;
 using orvil::detail::RegexRestSearch;
 using orvil::detail::StringAccess;
 
 namespace {
 
-// An unset group, or one that ends before it begins, gives an empty element.
-void append_piece(CExtStrArray& parts, const char* text, int length) {
-    CExtString piece(text, std::max(length, 0));
-    parts.Add(piece);
-}
-
 // Cuts a text at every match. A match that leaves the search where it is would be found for ever: then the cuts at the
 // empty matches that led there are undone, and what is left is one piece.
 class Splitting {
 public:
-    Splitting(const regex_entry& entry, std::string_view text) : search_(entry), rest_(text) {}
+    Splitting(const regex_entry& entry, std::string_view text, CExtStrArray& parts)
+        : search_(entry), rest_(text), parts_(parts) {}
 
-    CExtStrArray run() {
+    void run() {
         while (search_.find(rest_) && pass_match()) {
         }
         if (!rest_.empty()) {
-            append_piece(parts_, rest_.data(), static_cast<int>(rest_.size()));
+            append(rest_.size());
         }
-        return parts_;
     }
 
 private:
@@ -52,10 +49,12 @@ private:
             undo_empty_matches();
             return false;
         }
-        append_piece(parts_, rest_.data(), search_.begin());
+        append(static_cast<std::size_t>(search_.begin()));
         rest_.remove_prefix(static_cast<std::size_t>(search_.end()));
         return !rest_.empty();
     }
+
+    void append(std::size_t bytes) { ArrayAccess::append(parts_, rest_.data(), static_cast<int>(bytes)); }
 
     void undo_empty_matches() {
         const auto passed = static_cast<std::size_t>(rest_.data() - before_empty_);
@@ -67,7 +66,7 @@ private:
 
     RegexRestSearch search_;
     std::string_view rest_;
-    CExtStrArray parts_;
+    CExtStrArray& parts_;
     const char* before_empty_ = nullptr;  // where the first of a series of empty matches was searched for
     int parts_before_empty_ = 0;
 };
@@ -94,9 +93,11 @@ int CExtString::_RegexMatch(const char* pattern, CExtStrArray* parts) const {
     if (!search.find({buffer_, static_cast<std::size_t>(length_)})) {
         return 0;
     }
+    // Texts end at a zero byte; an unset group, or one that ends before it begins, gives an empty element.
     for (int pair = 0; parts != nullptr && pair < search.pairs(); ++pair) {
         const int begin = std::max(search.begin(pair), 0);
-        append_piece(*parts, buffer_ + begin, search.end(pair) - begin);
+        const char* text = buffer_ + begin;
+        ArrayAccess::append(*parts, text, bounded_length(text, search.end(pair) - begin));
     }
     return search.pairs();
 }
@@ -130,9 +131,10 @@ CExtString CExtString::RegexReplace(const char*, const CExtStrArray&) const {
 }
 
 CExtStrArray CExtString::RegexSplit(const char* pattern) const {
-    if (buffer_ == nullptr) {
-        return CExtStrArray();
+    CExtStrArray parts;
+    const regex_entry* entry = buffer_ != nullptr ? regex_entry_for(pattern) : nullptr;
+    if (entry != nullptr) {
+        Splitting(*entry, buffer_, parts).run();
     }
-    const regex_entry* entry = regex_entry_for(pattern);
-    return entry != nullptr ? Splitting(*entry, buffer_).run() : CExtStrArray();
+    return parts;
 }

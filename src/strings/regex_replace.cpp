@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
+#include <memory>
 #include <new>
 #include <optional>
+#include <utility>
 
 #include "strings/regex_rest_search.h"
 
@@ -13,28 +15,24 @@ namespace {
 
 // How many bytes the replacing of groups may write, beyond the text's own, before the run is taken for endless. A rest
 // that never repeats itself can grow for ever.
-constexpr std::size_t kMostGroupBytes = std::size_t{64} << 20;
+constexpr std::size_t kMostGroupBytes = std::size_t{16} << 20;
 
 // The text still to be searched: the end of the original one or, where groups were replaced, a text of its own.
 class Rest {
 public:
-    explicit Rest(std::string_view original) : original_(original) {}
+    explicit Rest(std::string_view original) : view_(original) {}
 
-    std::string_view view() const { return own_ ? std::string_view(*own_) : original_; }
+    std::string_view view() const { return view_; }
+    void drop_front(std::size_t bytes) { view_.remove_prefix(bytes); }
 
-    void drop_front(std::size_t bytes) {
-        if (own_) {
-            own_->erase(0, bytes);
-        } else {
-            original_.remove_prefix(bytes);
-        }
+    void become(std::string text) {
+        owner_ = std::make_shared<const std::string>(std::move(text));
+        view_ = *owner_;
     }
 
-    void become(std::string text) { own_ = std::move(text); }
-
 private:
-    std::string_view original_;
-    std::optional<std::string> own_;
+    std::shared_ptr<const std::string> owner_;
+    std::string_view view_;
 };
 
 // A run over one text. The text so far is always done_ followed by rest_.

@@ -14,6 +14,8 @@ struct __pos;
 
 namespace orvil::detail {
 
+class ArrayAccess;
+
 /// Where CExtStrArray takes its slots from: the library's allocator, which is asked for the stated number of slots and
 /// keeps room behind large blocks, so that appending takes amortised constant time.
 struct ORVIL_API HeapSlots {
@@ -183,5 +185,7 @@ protected:
     bool CreateFromStringsV(const char* first, va_list args);
 
 private:
+    friend class orvil::detail::ArrayAccess;
+
     bool AppendTexts(const char* const* texts, int n);
 };
