@@ -52,13 +52,16 @@ void release(regex_entry* entry) {
     std::free(entry);
 }
 
-// Studying cannot fail in a way that matters: without its results searches are slower.
+// Studying cannot fail in a way that matters: without its results searches are only slower.
 void study(regex_entry& entry) {
     const char* message = nullptr;
     entry.study = pcre_study(entry.code, PCRE_STUDY_JIT_COMPILE, &message);
     int has_machine_code = 0;
     pcre_fullinfo(entry.code, entry.study, PCRE_INFO_JIT, &has_machine_code);
     entry.has_machine_code = has_machine_code != 0;
+    int groups = 0;
+    pcre_fullinfo(entry.code, entry.study, PCRE_INFO_CAPTURECOUNT, &groups);
+    entry.pairs = groups + 1;
     unsigned long options = 0;
     pcre_fullinfo(entry.code, entry.study, PCRE_INFO_OPTIONS, &options);
     entry.is_utf8 = (options & PCRE_UTF8) != 0;

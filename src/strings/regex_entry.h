@@ -17,6 +17,7 @@ struct regex_entry {
     regex_entry* newer;       // towards the head of the cache
     regex_entry* older;       // towards its end
     pcre_extra* study;        // what helps PCRE to search, the JIT's code included; may be null
+    int pairs;                // one for the whole match and one for each group
     bool has_machine_code;    // whether the JIT has compiled the pattern
     bool is_utf8;             // whether the pattern asks for UTF-8 texts
 };

@@ -30,10 +30,12 @@ unsigned long recursion_limit() {
     return static_cast<unsigned long>(kMostHeapBytes / static_cast<std::size_t>(std::max(size, 1)));
 }
 
-// Machine code answers like the interpreter for well-formed arguments and these options.
-bool suits_machine_code(const RegexSearch& search) {
+// Machine code answers like the interpreter for well-formed arguments, these options and an offset vector with room for
+// every group: they do not count alike when there is too little.
+bool suits_machine_code(const regex_entry& entry, const RegexSearch& search) {
     constexpr int kOptions = PCRE_NOTBOL | PCRE_NOTEOL | PCRE_NOTEMPTY | PCRE_NOTEMPTY_ATSTART | PCRE_NO_UTF8_CHECK;
-    return search.start >= 0 && search.start <= search.length && search.size >= 2 && (search.options & ~kOptions) == 0;
+    return search.start >= 0 && search.start <= search.length && search.size / 3 >= entry.pairs &&
+           (search.options & ~kOptions) == 0;
 }
 
 int run_pcre(const regex_entry& entry, const pcre_extra* extra, const RegexSearch& search) {
@@ -49,7 +51,7 @@ bool gave_up(int result) {
 }  // namespace
 
 int execute_regex(const regex_entry& entry, const RegexSearch& search) {
-    if (entry.has_machine_code && suits_machine_code(search)) {
+    if (entry.has_machine_code && suits_machine_code(entry, search)) {
         const int result = run_pcre(entry, entry.study, search);
         if (!gave_up(result)) {
             if (result < 0) {

@@ -1,7 +1,6 @@
 #include "strings/regex_replace.h"
 
 #include <algorithm>
-#include <climits>
 #include <cstdint>
 #include <memory>
 #include <new>
@@ -38,8 +37,12 @@ private:
 // A run over one text. The text so far is always done_ followed by rest_.
 class Replacing {
 public:
-    Replacing(const regex_entry& entry, std::string_view text, std::string_view replacement)
-        : search_(entry), replacement_(replacement), rest_(text), group_bytes_left_(text.size() + kMostGroupBytes) {}
+    Replacing(const regex_entry& entry, std::string_view text, std::string_view replacement, std::size_t longest)
+        : search_(entry),
+          replacement_(replacement),
+          longest_(longest),
+          rest_(text),
+          group_bytes_left_(text.size() + kMostGroupBytes) {}
 
     std::string run();
 
@@ -60,6 +63,7 @@ private:
 
     RegexRestSearch search_;
     std::string_view replacement_;
+    std::size_t longest_;
     std::string done_;
     Rest rest_;
     std::optional<Rest> kept_;  // the rest at step 1, 2, 4, 8, ...: every later one is compared with it
@@ -161,7 +165,7 @@ std::string Replacing::new_text_of_groups(std::size_t& next) const {
 }
 
 void Replacing::append(std::string_view text) {
-    if (text.size() > static_cast<std::size_t>(INT_MAX) - done_.size()) {
+    if (text.size() > longest_ - done_.size()) {
         throw std::bad_alloc();
     }
     done_ += text;
@@ -169,8 +173,9 @@ void Replacing::append(std::string_view text) {
 
 }  // namespace
 
-std::string replace_regex(const regex_entry& entry, std::string_view text, std::string_view replacement) {
-    return Replacing(entry, text, replacement).run();
+std::string replace_regex(const regex_entry& entry, std::string_view text, std::string_view replacement,
+                          std::size_t longest) {
+    return Replacing(entry, text, replacement, longest).run();
 }
 
 }  // namespace orvil::detail
