@@ -9,6 +9,10 @@ endif()
 add_library(orvil_options INTERFACE)
 # A multiplication and an addition are never fused: results are the same with every compiler and processor.
 target_compile_options(orvil_options INTERFACE -ffp-contract=off)
+# A shared library with unique symbols, which GCC makes of static data in templates, is never unloaded.
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  target_compile_options(orvil_options INTERFACE -fno-gnu-unique)
+endif()
 if(ORVIL_DEVELOPER_WARNINGS)
   target_compile_options(orvil_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Werror)
