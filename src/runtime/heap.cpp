@@ -10,7 +10,7 @@ uint64_t st_dwMostLargeSize = 0;
 
 namespace orvil::detail {
 
-HeapState heap;
+constinit HeapState heap;
 
 namespace {
 

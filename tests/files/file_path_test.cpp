@@ -369,12 +369,14 @@ TEST(FilePathSeparators, ALeadByteAtTheEndIsNotSteppedOver) {
     EXPECT_EQ(std::string(text, sizeof text - 1), std::string("a/\x83\0\\b", 6));
 }
 
+// The system's own code page may be another, to which the second bytes are separators: none stands beside a real one.
 TEST(FilePathSeparators, AnAbsolutePathKeepsItsDoubleByteNames) {
     CodePage932 japanese;
     Path path;
-    ASSERT_TRUE(path.CreateFromFullPath("C:\\\x83\x5C\\x\x83\x5C.txt"));
-    EXPECT_EQ(path.parts(), "C:|/\x83\x5C|x\x83\x5C.txt");
-    EXPECT_EQ(path.MakeFullPath(false), "C:\\\x83\x5C\\x\x83\x5C.txt");
+    ASSERT_TRUE(path.CreateFromFullPath("C:\\a\\\x83\x5Cg\\x\x83\x5C.txt"));
+    EXPECT_EQ(path.parts(), "C:|/a/\x83\x5Cg|x\x83\x5C.txt");
+    EXPECT_EQ(path.QueryDirectoryName(), "\\a\\\x83\x5Cg");
+    EXPECT_EQ(path.MakeFullPath(false), "C:\\a\\\x83\x5Cg\\x\x83\x5C.txt");
 }
 
 #endif

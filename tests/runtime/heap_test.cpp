@@ -2,21 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <string>
-
-TEST(StrDup, LengthThreeOfSixLettersGivesTheFirstThree) {
-    char* copy = st_ImpFunc_strdup("abcdef", 3);
-    EXPECT_STREQ(copy, "abc");
-    std::free(copy);
-}
-
-TEST(StrDup, LengthZeroGivesTheWholeText) {
-    char* copy = st_ImpFunc_strdup("abcdef", 0);
-    EXPECT_STREQ(copy, "abcdef");
-    std::free(copy);
-}
-
 TEST(HeapStatistics, ALargeRequestRaisesTheMarkAndASmallerReallocationKeepsIt) {
     void* block = orv_heap_alloc(123456);
     EXPECT_GE(st_dwMoreLargeSize, 123456u);
