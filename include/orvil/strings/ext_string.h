@@ -300,7 +300,7 @@ private:
     void Install(char* buffer, int length, int capacity);
 };
 
-/// The left text with the right one behind it. Empty, or only the left text, when there is no memory.
+/// The left text with the right one behind it; one of them may be missing when there is no memory.
 ///@{
 ORVIL_API CExtString operator+(const CExtString& left, const CExtString& right);
 ORVIL_API CExtString operator+(const CExtString& left, char right);
