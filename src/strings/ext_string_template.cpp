@@ -58,11 +58,20 @@ bool substitute(CExtString& out, const char* format, const CExtStrArray& values)
     return out.ConcatString(format);
 }
 
+// Appends a value; false when there is no memory, also when that left the element without its text.
+bool add_value(CExtStrArray& values, const CExtString& value) {
+    if (!values.Add(value)) {
+        return false;
+    }
+    const char* added = values.GetAt(values.GetSize() - 1);
+    return value == added;
+}
+
 // Takes the values of an argument list; false when there is no memory.
 bool collect_values(CExtStrArray& values, EFT first, va_list& args) {
     CExtString value;
     for (int kind = first; kind > EFT_END && kind <= kLastKind; kind = va_arg(args, int)) {
-        if (!gExtFormat_ParseParts(value, static_cast<EFT>(kind), args) || !values.Add(value)) {
+        if (!gExtFormat_ParseParts(value, static_cast<EFT>(kind), args) || !add_value(values, value)) {
             return false;
         }
     }

@@ -142,10 +142,22 @@ TEST(ExtStringFailure, CreateFromCharactersLeavesAnEmptyString) {
 
 TEST(ExtStringFailure, PartsAreEmptyAndTheStringStays) {
     const CExtString s("abcdef");
-    sweep_allocation_failures([&](auto failed) { EXPECT_STREQ(s.Left(2), failed() ? "" : "ab"); });
-    sweep_allocation_failures([&](auto failed) { EXPECT_STREQ(s.Left(-1), failed() ? "" : "abcdef"); });
-    sweep_allocation_failures([&](auto failed) { EXPECT_STREQ(s.Right(2), failed() ? "" : "ef"); });
-    sweep_allocation_failures([&](auto failed) { EXPECT_STREQ(s.Mid(1, 2), failed() ? "" : "bc"); });
+    sweep_allocation_failures([&](auto failed) {
+        const CExtString part = s.Left(2);
+        EXPECT_STREQ(part, failed() ? "" : "ab");
+    });
+    sweep_allocation_failures([&](auto failed) {
+        const CExtString part = s.Left(-1);
+        EXPECT_STREQ(part, failed() ? "" : "abcdef");
+    });
+    sweep_allocation_failures([&](auto failed) {
+        const CExtString part = s.Right(2);
+        EXPECT_STREQ(part, failed() ? "" : "ef");
+    });
+    sweep_allocation_failures([&](auto failed) {
+        const CExtString part = s.Mid(1, 2);
+        EXPECT_STREQ(part, failed() ? "" : "bc");
+    });
     EXPECT_STREQ(s, "abcdef");
 }
 
@@ -190,12 +202,14 @@ TEST(ExtStringFailure, AppendOperatorsKeepTheText) {
 TEST(ExtStringFailure, AppendingToAnEmptyStringLeavesItEmpty) {
     sweep_allocation_failures([](auto failed) {
         CExtString s;
-        EXPECT_EQ(s.ConcatString("abc"), !failed());
+        const bool done = s.ConcatString("abc");
+        EXPECT_EQ(done, !failed());
         EXPECT_EQ(is_null(s), failed());
     });
     sweep_allocation_failures([](auto failed) {
         CExtString s;
-        EXPECT_EQ(s.ConcatCharacters('x', 0), !failed());
+        const bool done = s.ConcatCharacters('x', 0);
+        EXPECT_EQ(done, !failed());
         EXPECT_EQ(is_null(s), failed());
     });
 }
@@ -280,12 +294,14 @@ TEST(ExtStringFailure, ATemplateLeavesAnEmptyStringAndGivesZero) {
         });
 }
 
+// The array of values makes do with less room when it must.
 TEST(ExtStringFailure, ATemplateWithAListLeavesAnEmptyStringAndGivesZero) {
     sweep(
-        "old", [&](StringProbe& s) { return s.ExtFormat("<%1%%2%>", EFT_SHORT, 5, EFT_TEXT, kLongText, EFT_END) != 0; },
+        "old", [](StringProbe& s) { return s.ExtFormat("<%1%%2%>", EFT_SHORT, 5, EFT_TEXT, kLongText, EFT_END) != 0; },
         [](const CExtString& s, bool result, bool failed) {
-            EXPECT_EQ(result, !failed);
-            EXPECT_EQ(is_null(s), failed);
+            EXPECT_TRUE(result || failed);
+            EXPECT_EQ(is_null(s), !result);
+            EXPECT_TRUE(!result || s.GetLength() == 44) << s.GetString();
         });
 }
 
@@ -302,7 +318,8 @@ void sweep_reading(const std::string& bytes, const std::string& expected, Read r
     sweep_allocation_failures([&](auto failed) {
         std::rewind(file);
         CExtString s;
-        EXPECT_EQ(read(s, file), !failed());
+        const bool done = read(s, file);
+        EXPECT_EQ(done, !failed());
         if (!failed()) {
             EXPECT_STREQ(s, expected.c_str());
         }

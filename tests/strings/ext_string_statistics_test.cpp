@@ -107,7 +107,8 @@ TEST(ExtStringStatistics, GrowthAddsTheDifferenceAndOne) {
     EXPECT_EQ(booked_by([&] { s.ConcatString("9"); }), 0);
     EXPECT_EQ(booked_by([&] { s.ConcatStringLen("1234567", 7); }), 24 - 16 + 1);
     EXPECT_EQ(booked_by([&] { s.ConcatCharacters('x', 100); }), 120 - 24 + 1);
-    EXPECT_EQ(booked_by([&] { s.ConcatObject("1234"); }), 128 - 120 + 1);
+    const CExtString other("1234");
+    EXPECT_EQ(booked_by([&] { s.ConcatObject(other); }), 128 - 120 + 1);
 }
 
 TEST(ExtStringStatistics, CharacterByCharacterEachGrowthBooksNine) {
