@@ -1,5 +1,6 @@
 #include "tokens/block_access.h"
 
+#include <cstddef>
 #include <new>
 #include <utility>
 
@@ -24,6 +25,17 @@ struct CopyStep {
 };
 
 }  // namespace
+
+// Hosts rely on the layout. What is known of the closing brace lies in padding.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+constexpr bool BlockAccess::has_promised_layout() {
+    using Node = CLexTokenBlock;
+    return sizeof(Node) == 88 && offsetof(Node, children_) == 48 && offsetof(Node, grammar_type_) == 72 &&
+           offsetof(Node, no_write_delimiter_) == 76 && offsetof(Node, closed_) == 77 && offsetof(Node, parent_) == 80;
+}
+#pragma GCC diagnostic pop
+static_assert(BlockAccess::has_promised_layout());
 
 // --- searching ------------------------------------------------------------------------------------------------------
 

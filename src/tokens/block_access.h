@@ -72,6 +72,8 @@ struct BlockAccess {
 
     static void set_form(CLexTokenBlock& node, EGrammerType form) { node.grammar_type_ = form; }
 
+    static constexpr bool has_promised_layout();
+
 private:
     static void take_name(CLexTokenBlock& node, CLexTokenBlock& name, EGrammerType form);
 };

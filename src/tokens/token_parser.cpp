@@ -1,5 +1,7 @@
 #include "orvil/tokens/token_parser.h"
 
+#include <cstddef>
+
 #include "tokens/block_access.h"
 #include "tokens/block_parser.h"
 
@@ -9,6 +11,18 @@ using orvil::detail::BlockParser;
 namespace {
 
 constexpr int kGrowUnit = 4096;
+
+// Hosts rely on the layout.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+struct Layout : CTokenParser {
+    static constexpr bool is_as_promised() {
+        return sizeof(Layout) == 160 && offsetof(Layout, error_message_) == 8 && offsetof(Layout, source_path_) == 32 &&
+               offsetof(Layout, stream_) == 56 && offsetof(Layout, keep_comments_) == 152;
+    }
+};
+#pragma GCC diagnostic pop
+static_assert(Layout::is_as_promised());
 
 }  // namespace
 

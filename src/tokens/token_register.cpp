@@ -1,5 +1,7 @@
 #include "orvil/tokens/token_register.h"
 
+#include <cstddef>
+
 #include "strings/string_access.h"
 #include "tokens/block_access.h"
 #include "tokens/block_writer.h"
@@ -12,6 +14,19 @@ using orvil::detail::TextBuffer;
 namespace {
 
 constexpr int kGrowUnit = 4096;
+
+// Hosts rely on the layout.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+struct Layout : CTokenRegister {
+    static constexpr bool is_as_promised() {
+        return sizeof(Layout) == 168 && offsetof(Layout, message_) == 8 && offsetof(Layout, target_path_) == 32 &&
+               offsetof(Layout, stream_) == 56 && offsetof(Layout, indent_level_) == 152 &&
+               offsetof(Layout, indent_width_) == 156 && offsetof(Layout, use_tab_) == 160;
+    }
+};
+#pragma GCC diagnostic pop
+static_assert(Layout::is_as_promised());
 
 }  // namespace
 
