@@ -1,8 +1,6 @@
 // The regular-expression members of CExtString.
 #include <algorithm>
-#include <cstring>
-#include <new>
-#include <string>
+#include <climits>
 #include <string_view>
 
 #include "orvil/strings/ext_str_array.h"
@@ -18,6 +16,7 @@ using orvil::detail::bounded_length;
 using orvil::detail::regex_entry_for;
 using orvil::detail::RegexRestSearch;
 using orvil::detail::StringAccess;
+using orvil::detail::TextBuffer;
 
 namespace {
 
@@ -116,12 +115,9 @@ CExtString CExtString::RegexReplace(const char* pattern, const char* replacement
     if (entry == nullptr) {
         return result;
     }
-    try {
-        const std::string text =
-            orvil::detail::replace_regex(*entry, GetString(), replacement != nullptr ? replacement : "");
-        StringAccess::assign(result, text.data(), static_cast<int>(text.size()));
-    } catch (const std::bad_alloc&) {
-        // The result is the unchanged copy.
+    TextBuffer text(INT_MAX);
+    if (orvil::detail::replace_regex(*entry, GetString(), replacement != nullptr ? replacement : "", text)) {
+        StringAccess::assign(result, text.view().data(), static_cast<int>(text.length()));
     }
     return result;
 }

@@ -13,21 +13,26 @@ namespace {
 constexpr std::size_t kMostStackBytes = std::size_t{4} << 20;
 constexpr std::size_t kMostHeapBytes = std::size_t{256} << 20;
 
-// PCRE keeps the state of a search in frames, on the stack or in the heap, as it was built. It tells the size of one
-// when it is called like this: negative when they are on the stack.
-int frame_size() {
-    static const int size = pcre_exec(nullptr, nullptr, nullptr, -999, -999, 0, nullptr, 0);
-    return size;
+// PCRE keeps the state of a search in frames, on the stack or in the heap, as it was built.
+struct Frames {
+    bool are_on_stack;
+    std::size_t size;
+};
+
+Frames find_frames() {
+    int are_on_stack = 1;
+    pcre_config(PCRE_CONFIG_STACKRECURSE, &are_on_stack);
+    // Called like this it tells the size of a frame, as a negative number.
+    const int size = -pcre_exec(nullptr, nullptr, nullptr, -999, -999, 0, nullptr, 0);
+    return {are_on_stack != 0, static_cast<std::size_t>(std::max(size, 64))};
 }
 
 // How many frames are safe now. Half of the stack's rest is left to functions that frames do not account for.
 unsigned long recursion_limit() {
-    const int size = frame_size();
-    if (size < 0) {
-        const std::size_t room = std::min(platform::stack_room() / 2, kMostStackBytes);
-        return static_cast<unsigned long>(room / static_cast<std::size_t>(-size));
-    }
-    return static_cast<unsigned long>(kMostHeapBytes / static_cast<std::size_t>(std::max(size, 1)));
+    static const Frames frames = find_frames();
+    const std::size_t room =
+        frames.are_on_stack ? std::min(platform::stack_room() / 2, kMostStackBytes) : kMostHeapBytes;
+    return static_cast<unsigned long>(room / frames.size);
 }
 
 // Machine code answers like the interpreter for well-formed arguments, these options and an offset vector with room for

@@ -1,8 +1,9 @@
 #include "strings/regex_replace.h"
 
 #include <algorithm>
+#include <climits>
+#include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <new>
 #include <optional>
 #include <utility>
@@ -12,39 +13,55 @@
 namespace orvil::detail {
 namespace {
 
-// How many bytes the replacing of groups may write, beyond the text's own, before the run is taken for endless. A rest
-// that never repeats itself can grow for ever.
-constexpr std::size_t kMostGroupBytes = std::size_t{16} << 20;
+// How often groups are replaced before the run is taken for endless: a rest that grows at every step never repeats
+// itself. After the first time the rest is no longer than the replacements of one match, unless groups overlap.
+constexpr int kMostGroupSteps = 1000;
+
+// The text that replacing groups has left to search.
+struct Tail {
+    int owners = 1;
+    TextBuffer text{INT_MAX};
+};
 
 // The text still to be searched: the end of the original one or, where groups were replaced, a text of its own.
 class Rest {
 public:
     explicit Rest(std::string_view original) : view_(original) {}
+    explicit Rest(Tail* tail) : tail_(tail), view_(tail->text.view()) {}
+    Rest(const Rest& other) : tail_(other.tail_), view_(other.view_) { share(); }
+    Rest& operator=(const Rest& other) {
+        Rest copy(other);
+        std::swap(tail_, copy.tail_);
+        std::swap(view_, copy.view_);
+        return *this;
+    }
+    ~Rest() {
+        if (tail_ != nullptr && --tail_->owners == 0) {
+            delete tail_;
+        }
+    }
 
     std::string_view view() const { return view_; }
     void drop_front(std::size_t bytes) { view_.remove_prefix(bytes); }
 
-    void become(std::string text) {
-        owner_ = std::make_shared<const std::string>(std::move(text));
-        view_ = *owner_;
+private:
+    void share() {
+        if (tail_ != nullptr) {
+            ++tail_->owners;
+        }
     }
 
-private:
-    std::shared_ptr<const std::string> owner_;
+    Tail* tail_ = nullptr;
     std::string_view view_;
 };
 
 // A run over one text. The text so far is always done_ followed by rest_.
 class Replacing {
 public:
-    Replacing(const regex_entry& entry, std::string_view text, std::string_view replacement, std::size_t longest)
-        : search_(entry),
-          replacement_(replacement),
-          longest_(longest),
-          rest_(text),
-          group_bytes_left_(text.size() + kMostGroupBytes) {}
+    Replacing(const regex_entry& entry, std::string_view text, std::string_view replacement, TextBuffer& done)
+        : search_(entry), replacement_(replacement), done_(done), rest_(text) {}
 
-    std::string run();
+    bool run();
 
 private:
     // The text before the first of a series of empty matches.
@@ -58,21 +75,19 @@ private:
     void undo_empty_matches();
     bool replace_match();
     bool replace_groups();
-    std::string new_text_of_groups(std::size_t& next) const;
-    void append(std::string_view text);
+    std::size_t append_groups(TextBuffer& text) const;
 
     RegexRestSearch search_;
     std::string_view replacement_;
-    std::size_t longest_;
-    std::string done_;
+    TextBuffer& done_;
     Rest rest_;
     std::optional<Rest> kept_;  // the rest at step 1, 2, 4, 8, ...: every later one is compared with it
     std::uint64_t step_ = 0;
     std::optional<Snapshot> before_empty_;
-    std::size_t group_bytes_left_;
+    int group_steps_ = 0;
 };
 
-std::string Replacing::run() {
+bool Replacing::run() {
     while (true) {
         if (repeats_itself()) {
             undo_empty_matches();
@@ -86,8 +101,7 @@ std::string Replacing::run() {
             break;
         }
     }
-    append(rest_.view());
-    return std::move(done_);
+    return done_.append(rest_.view());
 }
 
 // The rest alone decides how the run goes on, so one that comes back comes back for ever.
@@ -106,13 +120,13 @@ void Replacing::remember_empty_match() {
     if (!search_.is_empty()) {
         before_empty_.reset();
     } else if (!before_empty_) {
-        before_empty_ = Snapshot{done_.size(), rest_};
+        before_empty_ = Snapshot{done_.length(), rest_};
     }
 }
 
 void Replacing::undo_empty_matches() {
     if (before_empty_) {
-        done_.resize(before_empty_->done);
+        done_.cut(before_empty_->done);
         rest_ = before_empty_->rest;
     }
 }
@@ -122,60 +136,57 @@ bool Replacing::replace_match() {
         undo_empty_matches();
         return false;
     }
-    append(rest_.view().substr(0, static_cast<std::size_t>(search_.begin())));
-    append(replacement_);
+    if (!done_.append(rest_.view().substr(0, static_cast<std::size_t>(search_.begin()))) ||
+        !done_.append(replacement_)) {
+        return false;
+    }
     rest_.drop_front(static_cast<std::size_t>(search_.end()));
     return true;
 }
 
 bool Replacing::replace_groups() {
-    std::size_t next = 0;
-    std::string text = new_text_of_groups(next);
-    const bool goes_on = next <= text.size() && text.size() <= group_bytes_left_;
-    group_bytes_left_ -= std::min(group_bytes_left_, text.size());
-    if (goes_on) {
-        append(std::string_view(text).substr(0, next));
-        text.erase(0, next);
+    Tail* tail = new (std::nothrow) Tail;
+    if (tail == nullptr) {
+        return done_.fail();
     }
-    rest_.become(std::move(text));
+    const std::size_t next = append_groups(tail->text);
+    rest_ = Rest(tail);
     search_.change_text();
-    return goes_on;
+    if (tail->text.failed()) {
+        return done_.fail();
+    }
+    if (next > tail->text.length() || ++group_steps_ == kMostGroupSteps) {
+        return false;
+    }
+    const bool has_room = done_.append(rest_.view().substr(0, next));
+    rest_.drop_front(next);
+    return has_room;
 }
 
-// What the rest becomes, and where in it the search goes on. A group that is unset, or begins before the end of one
-// before it, has no text in front of it.
-std::string Replacing::new_text_of_groups(std::size_t& next) const {
+// Appends what the rest becomes and tells where in it the search goes on. A group that is unset, or begins before the
+// end of one before it, has no text in front of it.
+std::size_t Replacing::append_groups(TextBuffer& text) const {
     const std::string_view subject = rest_.view();
-    std::string text;
     std::size_t copied = 0;
     std::size_t begin = 0;
     for (int group = 1; group < search_.pairs(); ++group) {
         const bool is_set = search_.begin(group) >= 0;
         begin = is_set ? static_cast<std::size_t>(search_.begin(group)) : copied;
         if (begin > copied) {
-            text += subject.substr(copied, begin - copied);
+            text.append(subject.substr(copied, begin - copied));
         }
-        text += replacement_;
+        text.append(replacement_);
         if (is_set) {
             copied = std::max(copied, static_cast<std::size_t>(search_.end(group)));
         }
     }
-    next = begin + replacement_.size();
-    return text;
-}
-
-void Replacing::append(std::string_view text) {
-    if (text.size() > longest_ - done_.size()) {
-        throw std::bad_alloc();
-    }
-    done_ += text;
+    return begin + replacement_.size();
 }
 
 }  // namespace
 
-std::string replace_regex(const regex_entry& entry, std::string_view text, std::string_view replacement,
-                          std::size_t longest) {
-    return Replacing(entry, text, replacement, longest).run();
+bool replace_regex(const regex_entry& entry, std::string_view text, std::string_view replacement, TextBuffer& result) {
+    return Replacing(entry, text, replacement, result).run();
 }
 
 }  // namespace orvil::detail

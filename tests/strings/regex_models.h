@@ -60,8 +60,8 @@ inline bool model_replace_once(std::string& text, std::size_t& offset, const Mod
     return offset <= text.size();
 }
 
-// Sets `ended` to false when the run repeats itself; then the text at that point depends on how early it was noticed,
-// unless empty matches kept the run going.
+// Sets `ended` to false when the run repeats itself or grows beyond measure; the text at that point depends on how
+// early that was noticed.
 inline std::string model_replace(const pcre* code, std::string text, const std::string& with, bool& ended) {
     std::size_t offset = 0;
     std::set<std::string> searched;
@@ -70,7 +70,7 @@ inline std::string model_replace(const pcre* code, std::string text, const std::
     ended = true;
     while (true) {
         const std::string subject = text.substr(offset);
-        if (!searched.insert(subject).second) {
+        if (!searched.insert(subject).second || searched.size() > 500) {
             ended = false;
             return empty_before ? before_empty : text;
         }
