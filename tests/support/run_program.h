@@ -1,0 +1,19 @@
+// Runs a program to its end and keeps what it says.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace orvil::test {
+
+struct ProgramResult {
+    int exit_code = -1;  // -1 when it could not be started, crashed, or did not end in time
+    std::string out;     // with CR LF turned into LF
+    std::string err;
+};
+
+// The arguments reach the program exactly as they are given; its working folder is this program's. A program that runs
+// for more than two minutes is ended.
+ProgramResult run_program(const std::string& program, const std::vector<std::string>& arguments);
+
+}  // namespace orvil::test
