@@ -1,5 +1,8 @@
 #include "support/run_program.h"
 
+#include <cstddef>
+
+#include "support/child_process.h"
 #include "support/spawn.h"
 #include "support/temp_dir.h"
 
@@ -22,7 +25,7 @@ ProgramResult run_program(const std::string& program, const std::vector<std::str
     const TempDir folder;
     const std::string out = folder.write("out", "");
     const std::string err = folder.write("err", "");
-    const int exit_code = spawn_and_wait(program, arguments, out, err);
+    const int exit_code = spawn_and_wait(program_folder() + program, arguments, out, err);
     return {exit_code, with_plain_line_ends(read_file(out)), with_plain_line_ends(read_file(err))};
 }
 

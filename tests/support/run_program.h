@@ -1,4 +1,4 @@
-// Runs a program to its end and keeps what it says.
+// Programs as a person runs them: both outputs are kept apart.
 #pragma once
 
 #include <string>
@@ -12,8 +12,8 @@ struct ProgramResult {
     std::string err;
 };
 
-// The arguments reach the program exactly as they are given; its working folder is this program's. A program that runs
-// for more than two minutes is ended.
+// Runs a program of this build by its name. The arguments reach it exactly as they are given; its working folder is
+// this program's. A program that runs for more than two minutes is ended.
 ProgramResult run_program(const std::string& program, const std::vector<std::string>& arguments);
 
 }  // namespace orvil::test

@@ -1,0 +1,66 @@
+#include "orvil_program.h"
+
+namespace orvil::test {
+namespace {
+
+TEST(OrvilCommandLine, HelpListsTheCommands) {
+    const char* help =
+        "usage: orvil COMMAND ...\n"
+        "\n"
+        "Looks into token-block files and writes them.\n"
+        "\n"
+        "  check     say whether files read whole, and where they do not\n"
+        "  tree      print the tree that a file reads into\n"
+        "  get       print the values of a name\n"
+        "  format    write a file anew in the standard layout\n"
+        "  new       make a file with one block of settings\n"
+        "\n"
+        "orvil COMMAND --help    more about a command\n"
+        "orvil --version         the program's version\n"
+        "Exit code 64 means that the command line makes no sense.\n";
+    expect_result(orvil_program({"--help"}), 0, help, "");
+}
+
+TEST(OrvilCommandLine, EachCommandHasItsHelp) {
+    for (const std::string command : {"check", "tree", "get", "format", "new"}) {
+        const ProgramResult result = orvil_program({command, "--help"});
+        EXPECT_EQ(result.exit_code, 0);
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(result.out.find("usage: orvil " + command + " "), 0U) << result.out;
+        EXPECT_NE(result.out.find("\nExit codes: 0 "), std::string::npos) << result.out;
+    }
+}
+
+TEST(OrvilCommandLine, VersionIsThatOfTheProject) {
+    expect_result(orvil_program({"--version"}), 0, "orvil " ORVIL_EXPECTED_VERSION "\n", "");
+}
+
+TEST(OrvilCommandLine, NoCommandIsAMisuse) {
+    expect_result(orvil_program({}), 64, "", "orvil: a command is needed; orvil --help lists them\n");
+}
+
+TEST(OrvilCommandLine, UnknownCommandIsAMisuse) {
+    expect_result(orvil_program({"chekc", "x"}), 64, "", "orvil: there is no command chekc; orvil --help lists them\n");
+}
+
+TEST(OrvilCommandLine, UnknownOptionIsAMisuse) {
+    expect_result(orvil_program({"check", "--fast"}), 64, "",
+                  "orvil: there is no option --fast\nusage: orvil check FILE...\n");
+}
+
+TEST(OrvilCommandLine, OptionWithoutItsValueIsAMisuse) {
+    expect_result(orvil_program({"format", "x", "-o"}), 64, "",
+                  "orvil: option -o needs a value\nusage: orvil format FILE -o OUT [--drop]\n");
+}
+
+TEST(OrvilCommandLine, OptionGivenTwiceIsAMisuse) {
+    expect_result(orvil_program({"format", "x", "-o", "y", "-o", "z"}), 64, "",
+                  "orvil: option -o is given twice\nusage: orvil format FILE -o OUT [--drop]\n");
+}
+
+TEST(OrvilCommandLine, BehindTwoDashesEverythingIsAWord) {
+    expect_result(orvil_program({"check", "--", "--help"}), 1, "", "orvil: Can not open source file [--help]\n");
+}
+
+}  // namespace
+}  // namespace orvil::test

@@ -1,0 +1,104 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/run_program.h"
+#include "support/temp_dir.h"
+
+namespace orvil::test {
+namespace {
+
+TEST(Examples, ListLayersPrintsTheLayersSample) {
+    const ProgramResult result = run_program("list_layers", {"examples/data/layers.cfg"});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out,
+              "Outline  0.35 mm, shown\n"
+              "Hidden   0.18 mm, hidden\n"
+              "Text     0.25 mm, shown\n");
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(Examples, ListLayersSaysThatAFileIsMissing) {
+    const ProgramResult result = run_program("list_layers", {"examples/data/none.cfg"});
+    EXPECT_EQ(result.exit_code, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "cannot read the layers: Can not open source file [examples/data/none.cfg]\n");
+}
+
+TEST(Examples, ReadSettingsPrintsTheLayers) {
+    const ProgramResult result = run_program("read_settings", {"examples/data/layers.cfg"});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out,
+              "layer 0 Outline: shown, 0.35 mm, colour FF0000\n"
+              "  pen Thin\n"
+              "  pen Medium\n"
+              "layer 1 Hidden: hidden, 0.18 mm, colour 808080\n"
+              "  pen Thin\n"
+              "layer 2 Text: shown, 0.25 mm, colour 0000FF\n"
+              "  pen Medium\n"
+              "  pen Thick\n"
+              "  pen Marker, red\n");
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(Examples, ReadSettingsNeedsLayers) {
+    const ProgramResult result = run_program("read_settings", {"examples/data/fonts.cfg"});
+    EXPECT_EQ(result.exit_code, 1);
+    EXPECT_EQ(result.err, "there is no block Layers\n");
+}
+
+TEST(Examples, WriteSettingsWritesHeadingBlocksAndListing) {
+    const TempDir folder;
+    const ProgramResult result = run_program("write_settings", {folder.path("page.cfg")});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(read_file(folder.path("page.cfg")),
+              "// page.cfg : \r\n"
+              "/***************************/\r\n"
+              "/*  Page settings          */\r\n"
+              "/*  Written by an example  */\r\n"
+              "/***************************/\r\n"
+              "\r\n"
+              "\r\n"
+              "Page {\r\n"
+              "\tKind = \"page settings\";\r\n"
+              "\tWidth = 841.0;\r\n"
+              "\tColour = 0x00FF8000;\r\n"
+              "\tBorder = On;\r\n"
+              "\tTitle = \"Sheet \\\"1\\\"\";\r\n"
+              "\r\n"
+              "\tMargins {\r\n"
+              "\t\tLeft = 10;\r\n"
+              "\t\tRight = 20;\r\n"
+              "\t}\r\n"
+              "}\r\n"
+              "1 2 5 10\r\n"
+              "\r\n"
+              "/* END OF FILE */\r\n"
+              "\r\n");
+}
+
+TEST(Examples, WriteSettingsSaysThatItCannotWrite) {
+    const TempDir folder;
+    const std::string path = folder.path("none/page.cfg");
+    const ProgramResult result = run_program("write_settings", {path});
+    EXPECT_EQ(result.exit_code, 1);
+    EXPECT_EQ(result.err, path + " cannot be written\n");
+}
+
+TEST(Examples, StringsAndRegexPrintsItsSteps) {
+    const ProgramResult result = run_program("strings_and_regex", {});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out,
+              "drawings/in/sheet007.plt has 24 bytes\n"
+              "kind sheet, number 007\n"
+              "drawings/out/sheet007.plt\n"
+              "0: pen  Medium\n"
+              "1: pen Thick\n"
+              "2: pen Thin\n");
+    EXPECT_EQ(result.err, "");
+}
+
+}  // namespace
+}  // namespace orvil::test
