@@ -21,8 +21,8 @@ enum EDriveType {
 ///
 /// Paths are made absolute against the working directory; the file need not exist. Inside, "/" separates the
 /// directories. What is handed out has backslashes instead, unless the caller asks for the internal form or the
-/// process-wide switch of SetDispInternalSeparator() is on. Double-byte characters of the current code page whose second
-/// byte is a separator's are left alone.
+/// process-wide switch of SetDispInternalSeparator() is on. Double-byte characters of the current code page whose
+/// second byte is a separator's are left alone.
 ///
 /// A drive is empty, a letter with its colon ("C:") or a network share ("//server/share"). A directory begins with "/"
 /// and does not end with it; the root directory is "/". The file name is empty when the path ends with a separator.

@@ -1,10 +1,10 @@
 /// @file
 /// The allocator behind strings and containers, its statistics, and three portability functions.
 ///
-/// Memory comes from the C runtime (modes 1 and 2) or from a private heap of the library's own (modes 3 and 4). In mode 1
-/// each block is one of the C runtime's, for memory checkers; otherwise small blocks share larger ones. Mode 4,
-/// a private heap with the low-fragmentation policy, is the default; the environment variable "KESA_HEAPINFO_ORV" with
-/// a value from 1 to 4 overrides it. The mode is decided once, at load or at the first allocation, and read from the C
+/// Memory comes from the C runtime (modes 1 and 2) or from a private heap of the library's own (modes 3 and 4). In mode
+/// 1 each block is one of the C runtime's, for memory checkers; otherwise small blocks share larger ones. Mode 4, a
+/// private heap with the low-fragmentation policy, is the default; the environment variable "KESA_HEAPINFO_ORV" with a
+/// value from 1 to 4 overrides it. The mode is decided once, at load or at the first allocation, and read from the C
 /// runtime's copy of the environment. Where the private heap cannot be created (always outside Windows) the allocator
 /// falls back to mode 2, unless the variable demands 3 or 4: then every allocation yields null.
 ///
