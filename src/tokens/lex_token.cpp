@@ -43,6 +43,10 @@ constexpr std::array<bool, 256> make_number_starts() {
 
 constexpr std::array<bool, 256> kNumberStarts = make_number_starts();
 
+bool has_text(const char* text) {
+    return text != nullptr && *text != '\0';
+}
+
 // Hexadecimal goes before double and symbol: a word of the letters a to f only, and 1e5, are hexadecimal.
 ETokenKind classify(const char* text) {
     if (!kNumberStarts[orvil::detail::byte_of(*text)]) {
@@ -263,10 +267,15 @@ bool CLexToken::ParsePreprocessor(CExtString& name, CExtString& value) const {
     name.Empty();
     value.Empty();
     CExtStrArray parts;
-    if (text_.RegexMatch(kPreprocessorPattern, parts) == 0) {
+    const int count = text_.RegexMatch(kPreprocessorPattern, parts);
+    if (count == 0) {
         return false;
     }
-    return name.CreateFromString(parts.GetAt(1)) && value.CreateFromString(parts.GetAt(3));
+    // No part that took part in a match is empty, unless there was no memory for it.
+    const char* const name_part = parts.GetAt(1);
+    const char* const value_part = parts.GetAt(3);
+    const bool whole = parts.GetSize() == count && has_text(name_part) && (count < 4 || has_text(value_part));
+    return whole && name.CreateFromString(name_part) && value.CreateFromString(value_part);
 }
 
 bool CLexToken::Compare(ETokenKind kind, const char* text) const {
