@@ -1,10 +1,11 @@
 // The analyser and the parser's scanner agree with the naive lexer on every text. The first byte chooses the direction.
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
 #include "../tests/tokens/memory_stream.h"
 #include "../tests/tokens/naive_lexer.h"
+#include "orvil/tokens/lexical_analyzer.h"
+#include "support/fuzz_check.h"
 #include "tokens/token_scanner.h"
 
 using orvil::detail::TokenScanner;
@@ -15,26 +16,20 @@ using orvil::test::NaiveToken;
 
 namespace {
 
-void require(bool condition) {
-    if (!condition) {
-        std::abort();
-    }
-}
-
 void require_same(const CLexToken& token, const NaiveToken& naive) {
-    require(token.GetTokenKind() == naive.kind);
-    require(naive.text == token.GetString());
-    require(token.CompareFilePosition(naive.line, naive.column));
+    FUZZ_CHECK(token.GetTokenKind() == naive.kind);
+    FUZZ_CHECK(naive.text == token.GetString());
+    FUZZ_CHECK(token.CompareFilePosition(naive.line, naive.column));
 }
 
 void require_same(const CStreamMemFile& stream, const NaiveStream& naive) {
     char first = '\0';
     char second = '\0';
     const auto left = static_cast<int>(naive.bytes.size() - naive.at);
-    require(stream.QueryNextData(first, second, left - 1) || naive.bytes.empty());
-    require(!stream.QueryNextData(first, second, left));
-    require(stream.QueryCurrentLine() == naive.line && stream.QueryCurrentColm() == naive.column);
-    require(naive.error == stream.GetErrorInformation());
+    FUZZ_CHECK(stream.QueryNextData(first, second, left - 1) || naive.bytes.empty());
+    FUZZ_CHECK(!stream.QueryNextData(first, second, left));
+    FUZZ_CHECK(stream.QueryCurrentLine() == naive.line && stream.QueryCurrentColm() == naive.column);
+    FUZZ_CHECK(naive.error == stream.GetErrorInformation());
 }
 
 }  // namespace
@@ -56,13 +51,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         const bool result = lexer.analyze(expected);
         CLexToken token;
         CLexicalAnalyzer analyzer(stream);
-        require(analyzer.DoAnalyze(token) == result);
+        FUZZ_CHECK(analyzer.DoAnalyze(token) == result);
         require_same(token, expected);
-        require(lexer.information == analyzer.GetInformation().GetString());
+        FUZZ_CHECK(lexer.information == analyzer.GetInformation().GetString());
         require_same(stream, naive);
-        require(scanner.next(token) == result);
+        FUZZ_CHECK(scanner.next(token) == result);
         require_same(token, expected);
-        require(lexer.information == scanner.information().GetString());
+        FUZZ_CHECK(lexer.information == scanner.information().GetString());
         require_same(scanned, naive);
     }
     return 0;
