@@ -44,4 +44,29 @@ inline std::string counted(const CExtString& string) {
     return std::to_string(string.GetLength()) + ":" + string.GetString();
 }
 
+inline std::string letters(int n) {
+    return std::string(static_cast<std::size_t>(n), 'x');
+}
+
+// Counted length 6, visible text "abc".
+inline CExtString with_hidden_zero() {
+    CExtString s("abcdef");
+    s.SetAt(3, '\0');
+    return s;
+}
+
+// Counted length 3, visible text "abcx".
+inline CExtString with_text_behind_the_length() {
+    CExtString s("abc");
+    s.ConcatCharacters('x', 0);
+    return s;
+}
+
+// Counted length -3, visible text "abx".
+inline CExtString with_negative_length() {
+    CExtString s("ab");
+    s.ConcatCharacters('x', -5);
+    return s;
+}
+
 }  // namespace orvil::test
