@@ -85,7 +85,7 @@ protected:
             return AllocArray(n > 0 ? n : 1);
         }
         const int need = CalcNewArraySize(n, capacity_);
-        if (need != 0 && !GrowSlots(need)) {
+        if (need < 0 || (need > 0 && !GrowSlots(need))) {
             return false;
         }
         size_ = n;
