@@ -130,7 +130,7 @@ bool CExtStrHash::SetAtItem(const char* key, const char* value) {
     if (node == nullptr) {
         return false;
     }
-    node->value = value;
+    orvil::detail::store_text(node->value, value);
     return true;
 }
 

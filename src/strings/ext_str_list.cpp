@@ -87,7 +87,7 @@ __pos* CExtStrList::PositionOf(const char* s, bool nocase) const {
 __pos* CExtStrList::InsertText(Node* prev, Node* next, const char* s) {
     Node* node = InsertNode(prev, next);
     if (node != nullptr) {
-        node->value = s;
+        orvil::detail::store_text(node->value, s);
     }
     return ToPosition(node);
 }
@@ -96,7 +96,7 @@ bool CExtStrList::SetAt(__pos* pos, const char* s) {
     if (pos == nullptr) {
         return false;
     }
-    ToNode(pos)->value = s;
+    orvil::detail::store_text(ToNode(pos)->value, s);
     return true;
 }
 

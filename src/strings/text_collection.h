@@ -11,6 +11,13 @@ inline bool is_empty_text(const char* text) {
     return text == nullptr || *text == '\0';
 }
 
+// Replaces a text in its place. When there is no memory it becomes empty.
+inline void store_text(CExtString& place, const char* text) {
+    if (!place.CreateFromString(text)) {
+        place.Empty();
+    }
+}
+
 // Appends a text to a joined result. The separator stands before every text but those with nothing before them.
 inline void join_text(CExtString& joined, const char* separator, const char* text) {
     if (!is_empty_text(separator) && !joined.IsEmpty()) {

@@ -109,7 +109,9 @@ TEST(ExtHash, KindsNeverMeet) {
     hash.SetAt("5", 3);
     hash.SetAt(5.0, 4);
     EXPECT_EQ(hash.GetCount(), 4);
-    EXPECT_EQ(hash["\xFF\xFFs\xFF\xFF" "0x00000005"], 1);
+    EXPECT_EQ(hash["\xFF\xFFs\xFF\xFF"
+                   "0x00000005"],
+              1);
 }
 
 TEST(ExtHash, CaseIsIgnoredOnDemand) {

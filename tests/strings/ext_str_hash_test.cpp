@@ -22,11 +22,13 @@ constexpr const char* kEnd = nullptr;  // ends a list of arguments
 
 class HashProbe : public CExtStrHash {
 public:
+    explicit HashProbe(int size = 37, bool ignoreCase = false) : CExtStrHash(size, ignoreCase) {}
+    explicit HashProbe(const CExtStrHash& pairs) { CopyData(pairs); }
+
     using CExtStrHash::buckets_;
     using CExtStrHash::CalcHashValue;
     using CExtStrHash::count_;
     using CExtStrHash::CreateNewNode;
-    using CExtStrHash::CExtStrHash;
     using CExtStrHash::FreeNode;
     using CExtStrHash::ignore_case_;
     using CExtStrHash::IsExistItem;
@@ -153,7 +155,7 @@ TEST(ExtStrHashBuckets, NumberNeverChangesWithTheEntries) {
 }
 
 TEST(ExtStrHashBuckets, InitializingReleasesTheEntries) {
-    HashProbe hash("a", "1", "b", "2", kEnd);
+    HashProbe hash(CExtStrHash("a", "1", "b", "2", kEnd));
     hash.OpenKeys();
     EXPECT_TRUE(hash.InitializeHashTable(7, true));
     EXPECT_EQ(hash.GetCount(), 0);
@@ -190,7 +192,7 @@ TEST(ExtStrHashNodes, MakeItemNodeFindsOrMakes) {
 }
 
 TEST(ExtStrHashNodes, SearchTellsTheBucketInAnyCase) {
-    HashProbe hash("a", "1", kEnd);
+    HashProbe hash(CExtStrHash("a", "1", kEnd));
     std::uint32_t bucket = 99;
     EXPECT_EQ(hash.SearchNode("ab", bucket), nullptr);
     EXPECT_EQ(bucket, (97U * 33 + 98) % 37);
@@ -301,7 +303,7 @@ TEST(ExtStrHashCase, IgnoredOrNot) {
 }
 
 TEST(ExtStrHashCase, SwitchingEmptiesATableWithEntriesEvenToTheSameMode) {
-    HashProbe hash("a", "1", kEnd);
+    HashProbe hash(CExtStrHash("a", "1", kEnd));
     EXPECT_TRUE(hash.ChangeHashKeyCalculator(false));
     EXPECT_TRUE(hash.IsEmpty());
     EXPECT_EQ(hash.buckets_, nullptr);
@@ -315,11 +317,24 @@ TEST(ExtStrHashCase, SwitchingEmptiesATableWithEntriesEvenToTheSameMode) {
 TEST(ExtStrHashKeys, ReservedFormsAreStatedBytes) {
     char buffer[64];
     EXPECT_EQ(CExtStrHash::KeyToStr(buffer, -2), buffer);
-    EXPECT_EQ(std::string(buffer), "\xFF\xFFs\xFF\xFF" "0xFFFFFFFE");
-    EXPECT_EQ(std::string(CExtStrHash::KeyToStr(buffer, 0xABCU)), "\xFF\xFFu\xFF\xFF" "0x00000ABC");
-    EXPECT_EQ(std::string(CExtStrHash::KeyToStr(buffer, 0.1)), "\xFF\xFF" "d\xFF\xFF" "0.1");
-    EXPECT_EQ(std::string(CExtStrHash::KeyToStr(buffer, 1.0 / 3)), "\xFF\xFF" "d\xFF\xFF" "0.333333333333333");
-    EXPECT_EQ(std::string(CExtStrHash::KeyToStr(buffer, 1e100)), "\xFF\xFF" "d\xFF\xFF" "1e+100");
+    EXPECT_EQ(std::string(buffer),
+              "\xFF\xFFs\xFF\xFF"
+              "0xFFFFFFFE");
+    EXPECT_EQ(std::string(CExtStrHash::KeyToStr(buffer, 0xABCU)),
+              "\xFF\xFFu\xFF\xFF"
+              "0x00000ABC");
+    EXPECT_EQ(std::string(CExtStrHash::KeyToStr(buffer, 0.1)),
+              "\xFF\xFF"
+              "d\xFF\xFF"
+              "0.1");
+    EXPECT_EQ(std::string(CExtStrHash::KeyToStr(buffer, 1.0 / 3)),
+              "\xFF\xFF"
+              "d\xFF\xFF"
+              "0.333333333333333");
+    EXPECT_EQ(std::string(CExtStrHash::KeyToStr(buffer, 1e100)),
+              "\xFF\xFF"
+              "d\xFF\xFF"
+              "1e+100");
 }
 
 TEST(ExtStrHashKeys, PointerFormIsThatOfTheStringFormat) {
@@ -334,7 +349,9 @@ TEST(ExtStrHashKeys, PointerFormIsThatOfTheStringFormat) {
 TEST(ExtStrHashKeys, IntegerFormTakesAnyLetterAndRefusesANullBuffer) {
     char buffer[64];
     EXPECT_TRUE(CExtStrHash::__Key_Format_I32_to_String(buffer, 5, 'z'));
-    EXPECT_EQ(std::string(buffer), "\xFF\xFFz\xFF\xFF" "0x00000005");
+    EXPECT_EQ(std::string(buffer),
+              "\xFF\xFFz\xFF\xFF"
+              "0x00000005");
     EXPECT_FALSE(CExtStrHash::__Key_Format_I32_to_String(nullptr, 5, 's'));
     EXPECT_EQ(CExtStrHash::KeyToStr(nullptr, 5), nullptr);
     EXPECT_EQ(CExtStrHash::KeyToStr(nullptr, 0.5), nullptr);
@@ -390,8 +407,13 @@ TEST(ExtStrHashKeys, EveryOperationTakesEveryKind) {
 TEST(ExtStrHashKeys, TextEqualToAReservedFormIsThatEntry) {
     CExtStrHash hash;
     hash.SetAt(5, "int");
-    EXPECT_STREQ(text(hash, "\xFF\xFFs\xFF\xFF" "0x00000005"), "int");
-    EXPECT_EQ(show(hash.Keys()), "[\xFF\xFFs\xFF\xFF" "0x00000005]");
+    EXPECT_STREQ(text(hash,
+                      "\xFF\xFFs\xFF\xFF"
+                      "0x00000005"),
+                 "int");
+    EXPECT_EQ(show(hash.Keys()),
+              "[\xFF\xFFs\xFF\xFF"
+              "0x00000005]");
 }
 
 TEST(ExtStrHashKeys, DoublesMeetAtFifteenDigitsAndZerosDiffer) {
@@ -405,7 +427,7 @@ TEST(ExtStrHashKeys, DoublesMeetAtFifteenDigitsAndZerosDiffer) {
 // --- all entries -----------------------------------------------------------------------------------------------------
 
 TEST(ExtStrHashValues, FoundByteWiseOrWithoutCase) {
-    const HashProbe hash("a", "One", "b", "", kEnd);
+    const HashProbe hash(CExtStrHash("a", "One", "b", "", kEnd));
     EXPECT_TRUE(hash.IsExistValue("One"));
     EXPECT_FALSE(hash.IsExistValue("one"));
     EXPECT_TRUE(hash.IsExistValueNC("oNE"));
@@ -426,7 +448,7 @@ TEST(ExtStrHashValues, MakeArrayReplacesTheArrayAndIsReadBack) {
 }
 
 TEST(ExtStrHashSnapshot, KeysInOrderThenNull) {
-    HashProbe hash("a", "1", "o", "2", kEnd);
+    HashProbe hash(CExtStrHash("a", "1", "o", "2", kEnd));
     st_dwMoreLargeSize = 0;
     EXPECT_EQ(hash.OpenKeys(), 2);
     EXPECT_EQ(st_dwMoreLargeSize, 24U);
@@ -450,7 +472,7 @@ TEST(ExtStrHashSnapshot, EmptyTableHoldsOnlyTheNull) {
 }
 
 TEST(ExtStrHashSnapshot, ClosesWhenAnEntryComesOrGoesOnly) {
-    HashProbe hash("a", "1", "b", "2", kEnd);
+    HashProbe hash(CExtStrHash("a", "1", "b", "2", kEnd));
     hash.OpenKeys();
     hash.SetAt("a", "changed");
     EXPECT_NE(hash.KeyAt(0), nullptr);
@@ -485,13 +507,13 @@ TEST(ExtStrHashConstruct, FromPairs) {
     EXPECT_EQ(pairs(CExtStrHash(texts, -1)), "[o][2][a][1]");
     EXPECT_EQ(pairs(CExtStrHash(CExtStrArray("a", "1", "o", "2", kEnd))), "[o][2][a][1]");
     EXPECT_EQ(pairs(CExtStrHash(CExtStrList("a", "1", "o", "2", kEnd))), "[o][2][a][1]");
-    EXPECT_EQ(HashProbe("a", "1", kEnd).table_size_, 37);
+    EXPECT_EQ(HashProbe(CExtStrHash("a", "1", kEnd)).table_size_, 37);
 }
 
 TEST(ExtStrHashConstruct, CopyHasThirtySevenBucketsAndHeedsCase) {
-    CExtStrHash source(5, true);
+    HashProbe source(5, true);
     source.SetAt("a", "1");
-    HashProbe copy(static_cast<const CExtStrHash&>(source));
+    HashProbe copy(source);
     EXPECT_EQ(copy.table_size_, 37);
     EXPECT_FALSE(copy.ignore_case_);
     source.SetAt("a", "changed");

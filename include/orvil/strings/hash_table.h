@@ -177,12 +177,12 @@ protected:
     /// the table's size
     std::uint32_t CalcHashValue(const char* key) const {
         std::size_t length = 0;
-        return CalcHashValue(TextOrEmpty(key), length);
+        return BucketOf(TextOrEmpty(key), length);
     }
     /// Finds the node of @p key. @return the node, or null. @p bucket receives the key's bucket in any case.
     Node* SearchNode(const char* key, std::uint32_t& bucket) const {
         std::size_t length = 0;
-        return SearchNode(TextOrEmpty(key), bucket, length);
+        return NodeOf(TextOrEmpty(key), bucket, length);
     }
     /// Makes a node, not linked, and counts it. @return the node, or null when there is no memory
     Node* CreateNewNode() {
@@ -232,8 +232,8 @@ private:
 
     static const char* TextOrEmpty(const char* key) { return key == nullptr ? "" : key; }
     static int CheckedSize(int size) { return size < 1 ? kDefaultSize : size; }
-    std::uint32_t CalcHashValue(const char* key, std::size_t& length) const;
-    Node* SearchNode(const char* key, std::uint32_t& bucket, std::size_t& length) const;
+    std::uint32_t BucketOf(const char* key, std::size_t& length) const;
+    Node* NodeOf(const char* key, std::uint32_t& bucket, std::size_t& length) const;
     bool IsKeyOf(const Node* node, const char* key, std::size_t length) const {
         return node->key_length == length &&
                (ignore_case_ ? st_ImpFunc_strcasecmp(node->key, key) == 0 : std::memcmp(node->key, key, length) == 0);
@@ -243,7 +243,7 @@ private:
 };
 
 template <typename Node>
-std::uint32_t HashTable<Node>::CalcHashValue(const char* key, std::size_t& length) const {
+std::uint32_t HashTable<Node>::BucketOf(const char* key, std::size_t& length) const {
     std::uint32_t hash = 0;
     const char* end = key;
     for (; *end != '\0'; ++end) {
@@ -255,8 +255,8 @@ std::uint32_t HashTable<Node>::CalcHashValue(const char* key, std::size_t& lengt
 }
 
 template <typename Node>
-Node* HashTable<Node>::SearchNode(const char* key, std::uint32_t& bucket, std::size_t& length) const {
-    bucket = CalcHashValue(key, length);
+Node* HashTable<Node>::NodeOf(const char* key, std::uint32_t& bucket, std::size_t& length) const {
+    bucket = BucketOf(key, length);
     Node* node = buckets_ == nullptr ? nullptr : buckets_[bucket];
     while (node != nullptr && !IsKeyOf(node, key, length)) {
         node = node->next;
@@ -269,7 +269,7 @@ Node* HashTable<Node>::MakeItemNode(const char* key) {
     std::uint32_t bucket = 0;
     std::size_t length = 0;
     key = TextOrEmpty(key);
-    Node* node = SearchNode(key, bucket, length);
+    Node* node = NodeOf(key, bucket, length);
     if (node != nullptr || (buckets_ == nullptr && !InitializeHashTable(table_size_, true))) {
         return node;
     }
