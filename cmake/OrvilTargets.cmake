@@ -28,7 +28,3 @@ if(ORVIL_COVERAGE)
   target_compile_options(orvil_options INTERFACE --coverage -fprofile-abs-path)
   target_link_options(orvil_options INTERFACE --coverage)
 endif()
-if(ORVIL_FUZZ)
-  # The fuzzer follows the branches that an input takes.
-  target_compile_options(orvil_options INTERFACE -fsanitize=fuzzer-no-link)
-endif()

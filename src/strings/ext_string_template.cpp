@@ -106,6 +106,9 @@ int CExtString::ExtFormatV(const char* format, EFT first, va_list args) {
     return _ExtFormatArray(format, values);
 }
 
+// An enumeration as the last named argument is what the interface has; clang doubts it, yet its values pass as ints do.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wvarargs"
 int CExtString::ExtFormat(const char* format, EFT first, ...) {
     va_list args;
     va_start(args, first);
@@ -113,3 +116,4 @@ int CExtString::ExtFormat(const char* format, EFT first, ...) {
     va_end(args);
     return length;
 }
+#pragma GCC diagnostic pop
