@@ -40,17 +40,22 @@ int line_length(const CExtStrArray& lines, int i) {
     return line == nullptr ? 0 : static_cast<int>(std::strlen(line));
 }
 
-// Only memory that ran out leaves lines out.
+// False when the lines do not make up the comment: then there was no memory for one of them. A pattern "/" in the cache
+// of the program stands for this one, too, and leaves the comment in one piece.
 bool split_lines(const char* comment, CExtStrArray& lines, int& longest) {
     const CExtString text(comment);
+    const std::int64_t whole = comment == nullptr ? 0 : static_cast<std::int64_t>(std::strlen(comment));
     lines = text.RegexSplit("/\\n/");
-    std::int64_t length = lines.GetSize();
+    std::int64_t length = 0;
     for (int i = 0; i < lines.GetSize(); ++i) {
         length += line_length(lines, i);
         longest = std::max(longest, line_length(lines, i));
     }
-    const std::int64_t whole = comment == nullptr ? 0 : static_cast<std::int64_t>(std::strlen(comment));
-    return length == whole || length == whole + 1 || whole == 0;
+    if (length == whole && lines.GetSize() < 2) {
+        return true;
+    }
+    const bool ends_with_line = comment[whole - 1] == '\n';
+    return length + lines.GetSize() == whole + (ends_with_line ? 0 : 1);
 }
 
 bool make_box(const char* comment, TextBuffer& box) {
