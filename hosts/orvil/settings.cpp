@@ -114,7 +114,7 @@ std::string add_setting(CLexTokenBlock& block, const std::string& setting) {
         return quoted(setting) + " is not of the form NAME=VALUE";
     }
     const std::string name = setting.substr(0, equals);
-    const std::string trouble = why_no_name(name);
+    std::string trouble = why_no_name(name);
     if (!trouble.empty()) {
         return trouble;
     }

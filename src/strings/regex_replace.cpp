@@ -36,6 +36,7 @@ public:
         return *this;
     }
     ~Rest() {
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): the owners are counted
         if (tail_ != nullptr && --tail_->owners == 0) {
             delete tail_;
         }

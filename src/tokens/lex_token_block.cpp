@@ -17,6 +17,7 @@ CLexTokenBlock::CLexTokenBlock() = default;
 CLexTokenBlock::CLexTokenBlock(const CLexToken& token) : CLexToken(token) {
 }
 
+// NOLINTNEXTLINE(bugprone-copy-constructor-init): CopyData() copies the token too, or nothing
 CLexTokenBlock::CLexTokenBlock(const CLexTokenBlock& source) : CLexToken() {
     CopyData(source);
 }

@@ -15,7 +15,6 @@ using orvil::detail::LexemeScanner;
 using orvil::detail::Role;
 using orvil::detail::role_of;
 using orvil::detail::StreamAccess;
-using orvil::detail::StringAccess;
 using orvil::detail::TokenAccess;
 
 static_assert(sizeof(CLexicalAnalyzer) == 128);

@@ -11,7 +11,6 @@
 #include "tokens/lead_bytes.h"
 #include "tokens/stream_access.h"
 
-using orvil::detail::is_lead_byte;
 using orvil::detail::StreamAccess;
 
 static_assert(sizeof(CStreamMemFile) == 96);
@@ -33,7 +32,7 @@ std::size_t block_size(int capacity) {
         return size;
     }
     const std::size_t step = std::bit_floor(size) / 4;
-    return (size + step - 1) / step * step;
+    return (size + step - 1) / step * step;  // NOLINT(clang-analyzer-core.DivideZero): the size is far above 4
 }
 
 bool load_file(const char* path, char* buffer, int size) {

@@ -11,7 +11,6 @@ using orvil::detail::bounded_length;
 using orvil::detail::is_lead_byte;
 using orvil::detail::StreamAccess;
 using orvil::detail::StringAccess;
-using orvil::detail::TextPosition;
 
 namespace {
 
