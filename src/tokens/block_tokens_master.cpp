@@ -10,11 +10,11 @@
 #include "orvil/tokens/block_tokens.h"
 #include "strings/string_access.h"
 #include "tokens/block_access.h"
-#include "tokens/text_buffer.h"
+#include "tokens/output_text.h"
 
 using orvil::detail::BlockAccess;
 using orvil::detail::NodePtr;
-using orvil::detail::TextBuffer;
+using orvil::detail::OutputText;
 
 namespace {
 
@@ -58,7 +58,7 @@ bool split_lines(const char* comment, CExtStrArray& lines, int& longest) {
     return length + lines.GetSize() == whole + (ends_with_line ? 0 : 1);
 }
 
-bool make_box(const char* comment, TextBuffer& box) {
+bool make_box(const char* comment, OutputText& box) {
     CExtStrArray lines;
     int longest = 0;
     if (!split_lines(comment, lines, longest) ||
@@ -88,7 +88,7 @@ bool make_box(const char* comment, TextBuffer& box) {
 // The block is changed last: path and comment may be its own texts.
 bool bt_make_master_block(CLexTokenBlock& block, const char* filePath, const char* comment) {
     CExtString name;
-    TextBuffer box;
+    OutputText box;
     if (!PathParts::file_name(filePath, name) || !make_box(comment, box)) {
         return false;
     }

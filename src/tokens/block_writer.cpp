@@ -9,7 +9,7 @@
 
 namespace orvil::detail {
 
-void Indentation::append_to(TextBuffer& out, int level) const {
+void Indentation::append_to(OutputText& out, int level) const {
     if (level < 1) {
         return;
     }

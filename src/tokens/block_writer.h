@@ -6,7 +6,7 @@
 #include "orvil/tokens/lex_token_block.h"
 #include "orvil/tokens/stream_mem_file.h"
 #include "tokens/lead_bytes.h"
-#include "tokens/text_buffer.h"
+#include "tokens/output_text.h"
 #include "tokens/walk_stack.h"
 
 namespace orvil::detail {
@@ -17,7 +17,7 @@ struct Indentation {
     bool use_tab;
 
     // Nothing for levels below 1.
-    void append_to(TextBuffer& out, int level) const;
+    void append_to(OutputText& out, int level) const;
 };
 
 // Writes trees into an open stream. Every function gives false at the first token without a written form and when the
@@ -55,8 +55,8 @@ private:
     int& level_;
     const Indentation indentation_;
     const LeadBytes lead_bytes_;
-    TextBuffer line_;
-    TextBuffer tails_;
+    OutputText line_;
+    OutputText tails_;
     WalkStack<OpenBlock> open_;
 };
 

@@ -4,14 +4,14 @@
 #include "orvil/tokens/lex_token_block.h"
 #include "strings/string_access.h"
 #include "tokens/block_access.h"
-#include "tokens/text_buffer.h"
+#include "tokens/output_text.h"
 #include "tokens/token_key.h"
 #include "tokens/value_text.h"
 #include "tokens/walk_stack.h"
 
 using orvil::detail::BlockAccess;
 using orvil::detail::has_form;
-using orvil::detail::TextBuffer;
+using orvil::detail::OutputText;
 using orvil::detail::ValueText;
 using orvil::detail::WalkStack;
 
@@ -20,12 +20,12 @@ namespace {
 constexpr std::int64_t kBlanksPerLevel = 4;
 constexpr std::size_t kRuleLength = 40;
 
-void append_count(TextBuffer& out, const char* name, int count) {
+void append_count(OutputText& out, const char* name, int count) {
     out.append(name);
     out.append(ValueText(" { ... Token(%d) ... }", count).text());
 }
 
-void append_information(TextBuffer& out, const CLexTokenBlock& node) {
+void append_information(OutputText& out, const CLexTokenBlock& node) {
     if (node.IsBlockType()) {
         append_count(out, node.GetString(), node.GetBlockCount());
     } else if (node.IsListingType()) {
@@ -39,7 +39,7 @@ void append_information(TextBuffer& out, const CLexTokenBlock& node) {
     }
 }
 
-void append_header(TextBuffer& out, const CLexTokenBlock& node, std::int64_t indent) {
+void append_header(OutputText& out, const CLexTokenBlock& node, std::int64_t indent) {
     const std::size_t blanks = indent < 0 ? 0 : static_cast<std::size_t>(kBlanksPerLevel * (indent + 1));
     out.append(blanks, ' ');
     out.append(kRuleLength, '-');
@@ -49,13 +49,13 @@ void append_header(TextBuffer& out, const CLexTokenBlock& node, std::int64_t ind
     out.append(1, '\n');
 }
 
-void append_token(TextBuffer& out, const CLexTokenBlock& node) {
+void append_token(OutputText& out, const CLexTokenBlock& node) {
     CExtString text;
     node.CLexToken::MakeDumpString(text, 0);
     out.append(text);
 }
 
-void append_tree(TextBuffer& out, const CLexTokenBlock& root, int indent) {
+void append_tree(OutputText& out, const CLexTokenBlock& root, int indent) {
     struct Place {
         const CLexTokenBlock* node;
         int next;
@@ -82,7 +82,7 @@ void append_tree(TextBuffer& out, const CLexTokenBlock& root, int indent) {
 }  // namespace
 
 CExtString CLexTokenBlock::QueryInformationString() const {
-    TextBuffer text;
+    OutputText text;
     CExtString result;
     append_information(text, *this);
     if (text.good()) {
@@ -96,7 +96,7 @@ void CLexTokenBlock::MakeDumpString(CExtString& out, int indent) const {
         CLexToken::MakeDumpString(out, indent);
         return;
     }
-    TextBuffer text;
+    OutputText text;
     append_tree(text, *this, indent);
     orvil::detail::StringAccess::append(out, text.data(), static_cast<int>(text.size()));
 }

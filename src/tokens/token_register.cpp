@@ -9,7 +9,7 @@
 using orvil::detail::BlockAccess;
 using orvil::detail::BlockWriter;
 using orvil::detail::Indentation;
-using orvil::detail::TextBuffer;
+using orvil::detail::OutputText;
 
 namespace {
 
@@ -60,7 +60,7 @@ bool CTokenRegister::DoRegist(const CLexTokenBlock& root, bool append) {
 }
 
 CExtString CTokenRegister::CreateIndentSpace() const {
-    TextBuffer blanks;
+    OutputText blanks;
     CExtString result;
     Indentation{indent_width_, use_tab_}.append_to(blanks, indent_level_);
     orvil::detail::StringAccess::assign(result, blanks.data(), static_cast<int>(blanks.size()));

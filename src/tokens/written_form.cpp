@@ -8,7 +8,7 @@ namespace {
 // Line and column of a header marker.
 constexpr int kHeaderMarker = -999;
 
-void append_quoted(TextBuffer& out, const char* text, std::size_t length, const LeadBytes& lead_bytes) {
+void append_quoted(OutputText& out, const char* text, std::size_t length, const LeadBytes& lead_bytes) {
     const char* const end = text + length;
     const char* run = text;
     out.append(1, '"');
@@ -29,7 +29,7 @@ void append_quoted(TextBuffer& out, const char* text, std::size_t length, const 
 
 }  // namespace
 
-bool append_written_form(TextBuffer& out, const CLexToken& token, const LeadBytes& lead_bytes) {
+bool append_written_form(OutputText& out, const CLexToken& token, const LeadBytes& lead_bytes) {
     const CExtString& text = token.GetPureString();
     const std::size_t length = text.GetLength() > 0 ? static_cast<std::size_t>(text.GetLength()) : 0;
     if (token.CompareFilePosition(kHeaderMarker, kHeaderMarker)) {

@@ -10,12 +10,12 @@ namespace orvil::detail {
 
 // Grows by doubling, up to what a string can hold. A piece that does not fit changes nothing, and from then on nothing
 // is taken: callers may look at good() once at the end.
-class TextBuffer {
+class OutputText {
 public:
-    TextBuffer() = default;
-    ~TextBuffer() { std::free(bytes_); }
-    TextBuffer(const TextBuffer&) = delete;
-    TextBuffer& operator=(const TextBuffer&) = delete;
+    OutputText() = default;
+    ~OutputText() { std::free(bytes_); }
+    OutputText(const OutputText&) = delete;
+    OutputText& operator=(const OutputText&) = delete;
 
     bool good() const { return good_; }
     std::size_t size() const { return size_; }
