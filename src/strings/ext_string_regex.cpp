@@ -13,10 +13,10 @@
 
 using orvil::detail::ArrayAccess;
 using orvil::detail::bounded_length;
+using orvil::detail::BoundedText;
 using orvil::detail::regex_entry_for;
 using orvil::detail::RegexRestSearch;
 using orvil::detail::StringAccess;
-using orvil::detail::TextBuffer;
 
 namespace {
 
@@ -115,7 +115,7 @@ CExtString CExtString::RegexReplace(const char* pattern, const char* replacement
     if (entry == nullptr) {
         return result;
     }
-    TextBuffer text(INT_MAX);
+    BoundedText text(INT_MAX);
     if (orvil::detail::replace_regex(*entry, GetString(), replacement != nullptr ? replacement : "", text)) {
         StringAccess::assign(result, text.view().data(), static_cast<int>(text.length()));
     }

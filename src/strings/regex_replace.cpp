@@ -20,7 +20,7 @@ constexpr int kMostGroupSteps = 1000;
 // The text that replacing groups has left to search.
 struct Tail {
     int owners = 1;
-    TextBuffer text{INT_MAX};
+    BoundedText text{INT_MAX};
 };
 
 // The text still to be searched: the end of the original one or, where groups were replaced, a text of its own.
@@ -59,7 +59,7 @@ private:
 // A run over one text. The text so far is always done_ followed by rest_.
 class Replacing {
 public:
-    Replacing(const regex_entry& entry, std::string_view text, std::string_view replacement, TextBuffer& done)
+    Replacing(const regex_entry& entry, std::string_view text, std::string_view replacement, BoundedText& done)
         : search_(entry), replacement_(replacement), done_(done), rest_(text) {}
 
     bool run();
@@ -76,11 +76,11 @@ private:
     void undo_empty_matches();
     bool replace_match();
     bool replace_groups();
-    std::size_t append_groups(TextBuffer& text) const;
+    std::size_t append_groups(BoundedText& text) const;
 
     RegexRestSearch search_;
     std::string_view replacement_;
-    TextBuffer& done_;
+    BoundedText& done_;
     Rest rest_;
     std::optional<Rest> kept_;  // the rest at step 1, 2, 4, 8, ...: every later one is compared with it
     std::uint64_t step_ = 0;
@@ -166,7 +166,7 @@ bool Replacing::replace_groups() {
 
 // Appends what the rest becomes and tells where in it the search goes on. A group that is unset, or begins before the
 // end of one before it, has no text in front of it.
-std::size_t Replacing::append_groups(TextBuffer& text) const {
+std::size_t Replacing::append_groups(BoundedText& text) const {
     const std::string_view subject = rest_.view();
     std::size_t copied = 0;
     std::size_t begin = 0;
@@ -186,7 +186,7 @@ std::size_t Replacing::append_groups(TextBuffer& text) const {
 
 }  // namespace
 
-bool replace_regex(const regex_entry& entry, std::string_view text, std::string_view replacement, TextBuffer& result) {
+bool replace_regex(const regex_entry& entry, std::string_view text, std::string_view replacement, BoundedText& result) {
     return Replacing(entry, text, replacement, result).run();
 }
 

@@ -3,8 +3,8 @@
 
 #include <string_view>
 
+#include "strings/bounded_text.h"
 #include "strings/regex_entry.h"
-#include "strings/text_buffer.h"
 
 namespace orvil::detail {
 
@@ -16,6 +16,6 @@ namespace orvil::detail {
 // going, or, when groups made it grow, what it was when the rest repeated itself.
 //
 // False when there is no memory or the result gets too long; then `result` is incomplete.
-bool replace_regex(const regex_entry& entry, std::string_view text, std::string_view replacement, TextBuffer& result);
+bool replace_regex(const regex_entry& entry, std::string_view text, std::string_view replacement, BoundedText& result);
 
 }  // namespace orvil::detail

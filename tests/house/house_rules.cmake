@@ -28,6 +28,20 @@ forbid("${platform_macros}|${platform_headers}" "platforms are told apart in src
 # <windows.h> may define min and max as macros, which would take these for their calls.
 forbid("(std::|>::)(min|max) ?\\(" "write (std::min)(a, b), because of the macros of <windows.h>" ${headers})
 
+# Two classes of one name and namespace would be one to the linker, which keeps either's functions for both.
+file(GLOB_RECURSE internal_headers RELATIVE ${CMAKE_SOURCE_DIR} src/*.h)
+set(class_names)
+foreach(header IN LISTS internal_headers)
+  file(STRINGS ${header} classes REGEX "^(class|struct) .*{$")
+  foreach(class IN LISTS classes)
+    string(REGEX REPLACE "^(class|struct) (alignas\\([0-9]+\\) )?([A-Za-z]+).*" "\\3" name "${class}")
+    if(name IN_LIST class_names)
+      message(SEND_ERROR "${header}: there is another class ${name}")
+    endif()
+    list(APPEND class_names ${name})
+  endforeach()
+endforeach()
+
 # The umbrella header includes every other public header, in order.
 file(STRINGS include/orvil/orvil.h umbrella REGEX "^#include ")
 set(expected ${headers})

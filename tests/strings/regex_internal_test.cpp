@@ -138,7 +138,7 @@ std::string random_text(std::mt19937& random, const char* letters, std::size_t l
 
 std::string replaced(const regex_entry& entry, const std::string& text, const std::string& with,
                      std::size_t longest = INT_MAX) {
-    detail::TextBuffer result(longest);
+    detail::BoundedText result(longest);
     return detail::replace_regex(entry, text, with, result) ? std::string(result.view()) : "no room";
 }
 

@@ -9,13 +9,13 @@
 
 namespace orvil::detail {
 
-class TextBuffer {
+class BoundedText {
 public:
     // A text of at most `longest` bytes; appending more fails as if there were no memory.
-    explicit TextBuffer(std::size_t longest) : longest_(longest) {}
-    ~TextBuffer() { std::free(bytes_); }
-    TextBuffer(const TextBuffer&) = delete;
-    TextBuffer& operator=(const TextBuffer&) = delete;
+    explicit BoundedText(std::size_t longest) : longest_(longest) {}
+    ~BoundedText() { std::free(bytes_); }
+    BoundedText(const BoundedText&) = delete;
+    BoundedText& operator=(const BoundedText&) = delete;
 
     // Its data is never null.
     std::string_view view() const { return {bytes_ != nullptr ? bytes_ : "", length_}; }
