@@ -30,12 +30,4 @@ inline bool matches(const void* handle, std::string_view subject) {
     return regex_execute(handle, nullptr, subject.data(), static_cast<int>(subject.size()), 0, 0, ovector, 30) >= 0;
 }
 
-// Whether PCRE is built with UTF-8: otherwise patterns that ask for it are invalid.
-inline bool pcre_knows_utf8() {
-    const char* const pattern = "#(*UTF8)#";
-    const bool known = regex_compile(pattern) != nullptr;
-    regex_remove(pattern);
-    return known;
-}
-
 }  // namespace orvil::test
