@@ -31,8 +31,8 @@ CLexTokenBlock::~CLexTokenBlock() {
     BlockAccess::release_children(*this);
 }
 
-void* CLexTokenBlock::operator new(std::size_t size) {
-    return ::operator new(size);
+void* CLexTokenBlock::operator new(std::size_t size) noexcept {
+    return ::operator new(size, std::nothrow);
 }
 
 void* CLexTokenBlock::operator new(std::size_t size, const std::nothrow_t&) noexcept {

@@ -71,8 +71,9 @@ public:
     /// @name Storage of nodes
     /// @{
 
-    /// Nodes made by `new` come from the library, whichever module asks. The throwing form throws std::bad_alloc.
-    static void* operator new(std::size_t size);
+    /// Nodes made by `new` come from the library, whichever module asks. Without memory `new` yields null, also
+    /// in its plain form.
+    static void* operator new(std::size_t size) noexcept;
     static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
     static void* operator new(std::size_t, void* place) noexcept { return place; }
     static void operator delete(void* block) noexcept;
