@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    // False when nothing is left to be searched for.
+    // False when nothing is left to be searched for, or when there is no memory for the piece.
     bool pass_match() {
         if (!search_.is_empty()) {
             before_empty_ = nullptr;
@@ -48,12 +48,15 @@ private:
             undo_empty_matches();
             return false;
         }
-        append(static_cast<std::size_t>(search_.begin()));
+        if (!append(static_cast<std::size_t>(search_.begin()))) {
+            rest_ = {};
+            return false;
+        }
         rest_.remove_prefix(static_cast<std::size_t>(search_.end()));
         return !rest_.empty();
     }
 
-    void append(std::size_t bytes) { ArrayAccess::append(parts_, rest_.data(), static_cast<int>(bytes)); }
+    bool append(std::size_t bytes) { return ArrayAccess::append(parts_, rest_.data(), static_cast<int>(bytes)); }
 
     void undo_empty_matches() {
         const auto passed = static_cast<std::size_t>(rest_.data() - before_empty_);
@@ -92,11 +95,12 @@ int CExtString::_RegexMatch(const char* pattern, CExtStrArray* parts) const {
     if (!search.find({buffer_, static_cast<std::size_t>(length_)})) {
         return 0;
     }
-    // Texts end at a zero byte; an unset group, or one that ends before it begins, gives an empty element.
+    // Texts end at a zero byte; an unset group, or one that ends before it begins, gives an empty element. So does one
+    // without memory, so that each group stays at its index.
     for (int pair = 0; parts != nullptr && pair < search.pairs(); ++pair) {
         const int begin = std::max(search.begin(pair), 0);
         const char* text = buffer_ + begin;
-        ArrayAccess::append(*parts, text, bounded_length(text, search.end(pair) - begin));
+        ArrayAccess::store(*parts, pair, text, bounded_length(text, search.end(pair) - begin));
     }
     return search.pairs();
 }

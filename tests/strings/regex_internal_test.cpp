@@ -34,6 +34,10 @@ protected:
     void TearDown() override { regex_cleanup(); }
 };
 
+const char* text_at(const CExtStrArray& array, int i) {
+    return array[i] == nullptr ? "" : array[i];
+}
+
 // PCRE allocates through function pointers that a shared PCRE keeps to itself; here they pass the refusing allocator.
 class PcreMemory {
 public:
@@ -250,6 +254,43 @@ TEST_F(RegexInternal, MatchWithoutMemoryStillCountsThePairs) {
     });
 }
 
+// Each element is the group of its index or, without memory, empty or beyond the end.
+TEST_F(RegexInternal, MatchWithoutMemoryKeepsEachGroupAtItsIndex) {
+    const CExtString text("abcdefghijklmnopqr");
+    const char* handle =
+        static_cast<const char*>(regex_compile("/(a)(b)(c)(d)(e)(f)(g)(h)(i)(j)(k)(l)(m)(n)(o)(p)(q)(r)/"));
+    sweep_allocation_failures([&](auto failed) {
+        CExtStrArray parts;
+        EXPECT_EQ(text.RegexMatch(handle, parts), 19);
+        int missing = 19 - parts.GetSize();
+        for (int group = 1; group < parts.GetSize(); ++group) {
+            const char expected[] = {text[group - 1], '\0'};
+            missing += std::strcmp(text_at(parts, group), "") == 0;
+            EXPECT_TRUE(std::strcmp(text_at(parts, group), expected) == 0 || text_at(parts, group)[0] == '\0') << group;
+        }
+        EXPECT_TRUE(failed() || missing == 0);
+    });
+}
+
+// The 16th element needs more slots than the first fifteen; the two behind it get them.
+TEST_F(RegexInternal, GroupWithoutASlotIsEmptyBehindItself) {
+    const CExtString text("abcdefghijklmnopq");
+    const char* handle =
+        static_cast<const char*>(regex_compile("/(a)(b)(c)(d)(e)(f)(g)(h)(i)(j)(k)(l)(m)(n)(o)(p)(q)/"));
+    CExtStrArray parts;
+    int pairs = 0;
+    {
+        const AllocationFailure failure(1 + 2 * 15 + 1);  // the slots, 15 elements and their texts, the slots again
+        pairs = text.RegexMatch(handle, parts);
+    }
+    EXPECT_EQ(pairs, 18);
+    ASSERT_EQ(parts.GetSize(), 18);
+    EXPECT_STREQ(parts[14], "n");
+    EXPECT_EQ(parts[15], nullptr);
+    EXPECT_STREQ(parts[16], "p");
+    EXPECT_STREQ(parts[17], "q");
+}
+
 TEST_F(RegexInternal, ReplaceWithoutMemoryGivesTheResultOrACopyOrNothing) {
     const std::string original = "a long enough text, with commas, to replace";
     const CExtString text(original.c_str());
@@ -275,10 +316,15 @@ TEST_F(RegexInternal, ReplaceOfGroupsWithoutMemoryGivesTheResultOrACopyOrNothing
 TEST_F(RegexInternal, SplitWithoutMemoryGivesFewerPiecesOrEmptyOnes) {
     const CExtString text("one,two,three,four,five,six,seven,eight,nine,ten,eleven,twelve,thirteen,fourteen,x,y,z");
     const char* handle = static_cast<const char*>(regex_compile("/,/"));
+    const CExtStrArray pieces = text.RegexSplit(handle);
+    ASSERT_EQ(pieces.GetSize(), 17);
     sweep_allocation_failures([&](auto failed) {
         const CExtStrArray parts = text.RegexSplit(handle);
         EXPECT_LE(parts.GetSize(), 17);
         EXPECT_TRUE(failed() || parts.GetSize() == 17);
+        for (int i = 0; i < parts.GetSize(); ++i) {
+            EXPECT_TRUE(text_at(parts, i)[0] == '\0' || std::strcmp(parts[i], pieces[i]) == 0) << i;
+        }
     });
 }
 
