@@ -1,14 +1,14 @@
 #include "runtime/block_pool.h"
 
+#include <bit>
 #include <cstdlib>
 #include <cstring>
 
 namespace orvil::detail {
 namespace {
 
-// Idle chunks that are kept, so that a program that frees and makes its strings in turns does not ask the source each
-// time.
-constexpr std::size_t kIdleChunksKept = 1;
+// Idle chunks that are kept, so that a program that reads one file after the other does not ask the source each time.
+constexpr std::size_t kIdleChunksKept = 8;
 
 }  // namespace
 
@@ -44,45 +44,81 @@ BlockPool::Page* BlockPool::open_page(std::size_t index) {
     if (page->chunk->pages_in_use++ == 0) {
         --idle_chunks_;
     }
-    page->freed = nullptr;
-    page->carved = kFirstBlock;
-    page->block_size = static_cast<std::uint32_t>((index + 1) * kGranularity);
-    page->living = 0;
+    reset_page(page, index);
     list(available_[index], page);
     return page;
 }
 
+void BlockPool::reset_page(Page* page, std::size_t index) {
+    page->carved = kFirstBlock;
+    page->block_size = static_cast<std::uint32_t>((index + 1) * kGranularity);
+    page->reciprocal = static_cast<std::uint32_t>(((std::uint64_t{1} << 32) + page->block_size - 1) / page->block_size);
+    page->living = 0;
+    page->hint = 0;
+    if (!page->clean) {
+        std::memset(page->freed, 0, sizeof page->freed);
+    }
+}
+
+// Exact for every multiple of the size: with 4096 blocks of at most 1024 bytes the reciprocal's rounding stays below
+// one.
+std::uint32_t BlockPool::index_of(const Page* page, const void* block) {
+    const auto offset = reinterpret_cast<std::uintptr_t>(block) - reinterpret_cast<std::uintptr_t>(page) - kFirstBlock;
+    return static_cast<std::uint32_t>((offset * page->reciprocal) >> 32);
+}
+
+bool BlockPool::is_full(const Page* page) {
+    return page->carved + page->block_size > kPageSize &&
+           (page->carved - kFirstBlock) == page->living * page->block_size;
+}
+
+// The block that was freed last is the likeliest to be in the processor's caches. Pages are listed as long as they have
+// room, so behind the hint and what has not been carved there is a freed block for sure.
 void* BlockPool::take_block(Page* page) {
     unsigned char* block;
-    if (page->freed != nullptr) {
-        block = reinterpret_cast<unsigned char*>(page->freed);
-        page->freed = page->freed->next;
-        std::memset(block, 0, page->block_size);
-    } else {
+    if (page->freed[page->hint] == 0 && page->carved + page->block_size <= kPageSize) {
         block = reinterpret_cast<unsigned char*>(page) + page->carved;
         page->carved += page->block_size;
         if (!page->clean) {
             std::memset(block, 0, page->block_size);
         }
+    } else {
+        block = take_freed(page);
+        std::memset(block, 0, page->block_size);
     }
     ++page->living;
-    if (page->freed == nullptr && page->carved + page->block_size > kPageSize) {
+    if (is_full(page)) {
         unlist(available_[class_of(page->block_size)], page);
     }
     return block;
 }
 
+unsigned char* BlockPool::take_freed(Page* page) {
+    constexpr std::uint32_t kWords = sizeof page->freed / sizeof *page->freed;
+    while (page->freed[page->hint] == 0) {
+        page->hint = (page->hint + 1) % kWords;
+    }
+    std::uint64_t& word = page->freed[page->hint];
+    const auto index = page->hint * 64 + static_cast<std::uint32_t>(std::countr_zero(word));
+    word &= word - 1;
+    return reinterpret_cast<unsigned char*>(page) + kFirstBlock + index * page->block_size;
+}
+
 void BlockPool::release(void* block) {
     Page* page = page_of(block);
-    FreeBlock* freed = static_cast<FreeBlock*>(block);
-    freed->next = page->freed;
-    page->freed = freed;
+    const std::uint32_t index = index_of(page, block);
+    page->hint = index / 64;
+    page->freed[page->hint] |= std::uint64_t{1} << (index % 64);
+    --page->living;
+    if (page->listed && page->living != 0) {
+        return;
+    }
     Page*& head = available_[class_of(page->block_size)];
     if (!page->listed) {
         list(head, page);
     }
     // The last page of its class stays open: the next text of its size finds it.
-    if (--page->living == 0 && (page->next != nullptr || page->previous != nullptr)) {
+    if (page->living == 0 && (page->next != nullptr || page->previous != nullptr)) {
         unlist(head, page);
         close_page(page);
     }
@@ -98,15 +134,18 @@ void BlockPool::close_page(Page* page) {
 
 // A chunk's record stands in front of its first page, which begins at the next multiple of the page size.
 bool BlockPool::add_chunk() {
-    void* memory = source_.obtain((kPagesPerChunk + 1) * kPageSize);
+    const std::size_t pages = chunks_ == nullptr ? kPagesOfFirstChunk : kPagesPerChunk;
+    const std::size_t size = (pages + 1) * kPageSize;
+    void* memory = source_.obtain(size);
     if (memory == nullptr) {
         return false;
     }
     Chunk* chunk = static_cast<Chunk*>(memory);
+    chunk->pages = pages;
     const std::uintptr_t behind = reinterpret_cast<std::uintptr_t>(chunk + 1);
     chunk->first_page = reinterpret_cast<Page*>((behind + kPageSize - 1) & ~(kPageSize - 1));
-    if (!mark(chunk->first_page, true)) {
-        mark(chunk->first_page, false);
+    if (!mark(chunk, true)) {
+        mark(chunk, false);
         source_.release(memory);
         return false;
     }
@@ -118,7 +157,7 @@ bool BlockPool::add_chunk() {
     }
     chunks_ = chunk;
     ++idle_chunks_;
-    for (std::size_t index = kPagesPerChunk; index-- > 0;) {
+    for (std::size_t index = pages; index-- > 0;) {
         Page* page = page_at(chunk, index);
         page->chunk = chunk;
         page->clean = true;
@@ -128,7 +167,7 @@ bool BlockPool::add_chunk() {
 }
 
 void BlockPool::drop_chunk(Chunk* chunk) {
-    for (std::size_t index = 0; index < kPagesPerChunk; ++index) {
+    for (std::size_t index = 0; index < chunk->pages; ++index) {
         unlist(empty_, page_at(chunk, index));
     }
     (chunk->previous == nullptr ? chunks_ : chunk->previous->next) = chunk->next;
@@ -136,14 +175,14 @@ void BlockPool::drop_chunk(Chunk* chunk) {
         chunk->next->previous = chunk->previous;
     }
     --idle_chunks_;
-    mark(chunk->first_page, false);
+    mark(chunk, false);
     source_.release(chunk);
 }
 
 // Notes in the bit maps that the pages of a chunk are this pool's, or no longer are.
-bool BlockPool::mark(Page* first, bool ours) {
-    const std::uintptr_t start = reinterpret_cast<std::uintptr_t>(first) / kPageSize;
-    for (std::uintptr_t number = start; number < start + kPagesPerChunk; ++number) {
+bool BlockPool::mark(const Chunk* chunk, bool ours) {
+    const std::uintptr_t start = reinterpret_cast<std::uintptr_t>(chunk->first_page) / kPageSize;
+    for (std::uintptr_t number = start; number < start + chunk->pages; ++number) {
         if (number / kPagesPerLeaf >= kLeaves) {
             return false;
         }

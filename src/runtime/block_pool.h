@@ -1,9 +1,10 @@
 // Small blocks by size class, for the many short texts and nodes of a conversion run.
 //
-// Memory comes from a source in chunks of sixteen pages of 64 KiB. A page serves blocks of one size, carves them one
-// behind the other and takes freed ones back into a list of its own; blocks have no headers, since a page is found by
-// clearing the low bits of an address. A page that runs empty serves any size again, and chunks that run empty go back
-// to the source, so that what a large file took is given back when its tree goes.
+// Memory comes from a source in chunks of pages of 64 KiB, a small chunk first and larger ones then. A page serves
+// blocks of one size, carves them one behind the other and notes freed ones in a bit map of its own; blocks have no
+// headers, since a page is found by clearing the low bits of an address, and freeing touches the page's record only. A
+// page that runs empty serves any size again, and chunks that run empty go back to the source, so that what a large
+// file took is given back when its tree goes.
 //
 // Nothing is locked. A pool has no destructor: it may serve objects that are destroyed after it would be.
 #pragma once
@@ -62,7 +63,8 @@ public:
 
 private:
     static constexpr std::size_t kPageSize = 0x10000;
-    static constexpr std::size_t kPagesPerChunk = 16;
+    static constexpr std::size_t kPagesOfFirstChunk = 16;
+    static constexpr std::size_t kPagesPerChunk = 128;
     static constexpr std::size_t kGranularity = 16;
     static constexpr std::size_t kClasses = kLargestBlock / kGranularity;
 
@@ -70,28 +72,28 @@ private:
     static constexpr std::size_t kPagesPerLeaf = 0x10000;
     static constexpr std::size_t kLeaves = 0x8000;
 
-    struct FreeBlock {
-        FreeBlock* next;
-    };
     struct Chunk;
     struct Page {
         Page* next;  // neighbours in the list of pages of its class that have room, or of empty pages
         Page* previous;
-        FreeBlock* freed;  // blocks that came back
         Chunk* chunk;
         std::uint32_t carved;  // offset of the first byte that has not been carved
         std::uint32_t block_size;
+        std::uint32_t reciprocal;  // of the size, in 2^-32
         std::uint32_t living;
-        bool clean;  // what has not been carved is still zero
+        std::uint32_t hint;  // the word of the bit map in which a block was freed last
+        bool clean;          // what has not been carved is still zero
         bool listed;
+        std::uint64_t freed[kPageSize / kGranularity / 64];  // blocks that came back
     };
     struct Chunk {
         Chunk* next;
         Chunk* previous;
         Page* first_page;
+        std::size_t pages;
         std::size_t pages_in_use;
     };
-    static constexpr std::uint32_t kFirstBlock = 64;
+    static constexpr std::uint32_t kFirstBlock = 640;
     static_assert(sizeof(Page) <= kFirstBlock);
 
     static std::size_t class_of(std::size_t size) { return size == 0 ? 0 : (size - 1) / kGranularity; }
@@ -100,14 +102,19 @@ private:
     }
     static Page* page_at(const Chunk* chunk, std::size_t index);
 
+    static void reset_page(Page* page, std::size_t index);
+    static std::uint32_t index_of(const Page* page, const void* block);
+    static bool is_full(const Page* page);
+
     Page* open_page(std::size_t index);
     void* take_block(Page* page);
+    static unsigned char* take_freed(Page* page);
     void list(Page*& head, Page* page);
     void unlist(Page*& head, Page* page);
     void close_page(Page* page);
     bool add_chunk();
     void drop_chunk(Chunk* chunk);
-    bool mark(Page* first, bool ours);
+    bool mark(const Chunk* chunk, bool ours);
 
     Source source_;
     Page* available_[kClasses] = {};  // pages with room, for each size

@@ -138,7 +138,19 @@ void trim_heap() {
 
 void* allocate_node(std::size_t size) {
     ensure_heap();
-    return is_plain() || size > BlockPool::kLargestBlock ? std::malloc(size) : nodes.allocate(size);
+    return is_plain() || size > BlockPool::kLargestBlock ? std::calloc(1, size) : nodes.allocate(size);
+}
+
+void* resize_node(void* block, std::size_t held, std::size_t size) {
+    if (!nodes.owns(block)) {
+        return std::realloc(block, size);
+    }
+    void* moved = allocate_node(size);
+    if (moved != nullptr) {
+        std::memcpy(moved, block, held);
+        nodes.release(block);
+    }
+    return moved;
 }
 
 void free_node(void* node) {

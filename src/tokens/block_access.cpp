@@ -215,31 +215,37 @@ void BlockAccess::take_name(CLexTokenBlock& node, CLexTokenBlock& name, EGrammer
     node.closed_ = true;
 }
 
-// Goes down to the deepest last child, deletes it and climbs. A node that is about to go keeps its index in the place
-// of its form, which is not asked for any more, and its parent is set afresh on the way down.
+void BlockAccess::release_node(CLexTokenBlock* node) {
+    node->CLexTokenBlock::~CLexTokenBlock();
+    CLexTokenBlock::operator delete(node);
+}
+
+// Takes the last child off: a leaf goes at once, into any other it goes down, and climbs when that has no more. The
+// parent is set afresh on the way down. Nodes of a tree are made by the library and are of this very class.
 void BlockAccess::release_children(CLexTokenBlock& node) {
     CLexTokenBlock* holder = &node;
-    int index = count(node);
-    while (index > 0 || holder != &node) {
-        if (index == 0) {
-            CLexTokenBlock* empty = holder;
-            holder = empty->parent_;
-            index = empty->grammar_type_;
-            holder->children_.ClearAt(index);
+    for (;;) {
+        if (count(*holder) > 0) {
+            CLexTokenBlock* last = holder->children_.TakeLast();
+            if (last == nullptr) {
+                continue;
+            }
+            if (count(*last) == 0) {
+                release_node(last);
+            } else {
+                last->parent_ = holder;
+                holder = last;
+            }
             continue;
         }
-        --index;
-        CLexTokenBlock* last = holder->children_.GetAt(index);
-        if (last == nullptr || count(*last) == 0) {
-            holder->children_.ClearAt(index);
-            continue;
+        holder->children_.ReleaseSlots();
+        if (holder == &node) {
+            return;
         }
-        last->parent_ = holder;
-        last->grammar_type_ = static_cast<EGrammerType>(index);
-        holder = last;
-        index = count(*last);
+        CLexTokenBlock* empty = holder;
+        holder = empty->parent_;
+        release_node(empty);
     }
-    node.children_.RemoveAll();
 }
 
 }  // namespace orvil::detail

@@ -75,6 +75,7 @@ struct BlockAccess {
     static constexpr bool has_promised_layout();
 
 private:
+    static void release_node(CLexTokenBlock* node);
     static void take_name(CLexTokenBlock& node, CLexTokenBlock& name, EGrammerType form);
 };
 

@@ -3,10 +3,13 @@
 #include <new>
 #include <utility>
 
+#include "runtime/node_memory.h"
 #include "tokens/block_access.h"
 #include "tokens/token_key.h"
 
+using orvil::detail::allocate_node;
 using orvil::detail::BlockAccess;
+using orvil::detail::free_node;
 using orvil::detail::NodePtr;
 using orvil::detail::TokenKey;
 
@@ -28,23 +31,25 @@ CLexTokenBlock& CLexTokenBlock::operator=(const CLexTokenBlock& source) {
 }
 
 CLexTokenBlock::~CLexTokenBlock() {
-    BlockAccess::release_children(*this);
+    if (BlockAccess::count(*this) > 0) {
+        BlockAccess::release_children(*this);
+    }
 }
 
 void* CLexTokenBlock::operator new(std::size_t size) noexcept {
-    return ::operator new(size, std::nothrow);
+    return allocate_node(size);
 }
 
 void* CLexTokenBlock::operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return ::operator new(size, std::nothrow);
+    return allocate_node(size);
 }
 
 void CLexTokenBlock::operator delete(void* block) noexcept {
-    ::operator delete(block);
+    free_node(block);
 }
 
 void CLexTokenBlock::operator delete(void* block, const std::nothrow_t&) noexcept {
-    ::operator delete(block);
+    free_node(block);
 }
 
 bool CLexTokenBlock::CopyData(const CLexTokenBlock& source) {

@@ -94,6 +94,10 @@ public:
     /// Appends @p element itself, which becomes the array's own; null appends an empty slot.
     /// @return false when there is no memory; then the element stays the caller's
     bool AddAdopted(T* element) {
+        if (Base::size_ + 1 < Base::capacity_ && Base::slots_[Base::size_] == nullptr) {
+            Base::slots_[Base::size_++] = element;
+            return true;
+        }
         return Base::MoveElements(Base::size_, 1) && Base::ReplaceSlot(Base::size_ - 1, element);
     }
 
@@ -104,6 +108,25 @@ public:
 
     /// As SetAt(), with @p element itself; on failure it stays the caller's.
     bool SetAdopted(int i, T* element) { return Base::ReachIndex(i) && Base::ReplaceSlot(i, element); }
+
+    /// Takes the last slot away, with its element.
+    /// @return the element, which is the caller's to delete; null when the slot is empty or the array is
+    T* TakeLast() {
+        if (GetSize() < 1) {
+            return nullptr;
+        }
+        T* element = Base::slots_[--Base::size_];
+        Base::slots_[Base::size_] = nullptr;
+        return element;
+    }
+
+    /// Releases the slots of an array whose size is 0. Otherwise nothing happens.
+    void ReleaseSlots() {
+        if (Base::size_ == 0) {
+            orvil::detail::RuntimeSlots::Free(Base::slots_);
+            Base::Init();
+        }
+    }
 
     /// Takes the element at @p i out; its slot stays, empty.
     /// @return the element, which is the caller's to delete; null when there is none

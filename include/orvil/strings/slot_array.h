@@ -4,32 +4,26 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
+
+#include "orvil/export.h"
 
 namespace orvil::detail {
 
-/// Where CExtArray takes its slots from: the C runtime.
+/// Where CExtArray takes its slots from: the C runtime's memory, not the private heap of strings.
 ///
 /// Behind the stated capacity stands a block of the next power of two of slots, so that appending one element at a time
 /// takes amortised constant time although the capacity grows by sixteens. The reserve follows from the capacity alone.
-struct RuntimeSlots {
+struct ORVIL_API RuntimeSlots {
     /// @return the slots of the block behind @p capacity, which is at least 1
-    static std::size_t Reserve(int capacity) {
-        std::size_t slots = 16;
-        while (slots < static_cast<std::size_t>(capacity)) {
-            slots *= 2;
-        }
-        return slots;
-    }
-    /// @return a block for @p capacity slots with undefined content, or null
-    static void* Allocate(int capacity) { return std::malloc(Reserve(capacity) * sizeof(void*)); }
-    /// @return the block with room for @p to slots instead of @p from, or null, when @p block is as it was
-    static void* Grow(void* block, int from, int to) {
-        return Reserve(from) == Reserve(to) ? block : std::realloc(block, Reserve(to) * sizeof(void*));
-    }
+    static std::size_t Reserve(int capacity);
+    /// @return a block for @p capacity slots, all null, or null
+    static void* Allocate(int capacity);
+    /// @return the block with room for @p to slots instead of @p from, or null, when @p block is as it was. The new
+    /// slots hold anything.
+    static void* Grow(void* block, int from, int to);
     /// Releases a block; null is ignored.
-    static void Free(void* block) { std::free(block); }
+    static void Free(void* block);
 };
 
 /// A growable array of slots, each of which is null or owns one T made with `new`.
@@ -69,7 +63,6 @@ protected:
         if (block == nullptr) {
             return false;
         }
-        std::memset(block, 0, static_cast<std::size_t>(capacity) * sizeof(T*));
         FreeArray();
         slots_ = static_cast<T**>(block);
         size_ = n;
@@ -133,6 +126,9 @@ protected:
 
     /// Deletes every element and releases the slots. @return true
     bool FreeArray() {
+        if (slots_ == nullptr) {
+            return Init();
+        }
         ClearSlots(0, capacity_);
         Slots::Free(slots_);
         return Init();

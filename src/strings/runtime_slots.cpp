@@ -1,0 +1,30 @@
+#include <cstddef>
+
+#include "orvil/strings/slot_array.h"
+#include "runtime/node_memory.h"
+
+namespace orvil::detail {
+
+std::size_t RuntimeSlots::Reserve(int capacity) {
+    std::size_t slots = 16;
+    while (slots < static_cast<std::size_t>(capacity)) {
+        slots *= 2;
+    }
+    return slots;
+}
+
+void* RuntimeSlots::Allocate(int capacity) {
+    return allocate_node(Reserve(capacity) * sizeof(void*));
+}
+
+void* RuntimeSlots::Grow(void* block, int from, int to) {
+    const std::size_t held = Reserve(from);
+    const std::size_t wanted = Reserve(to);
+    return held == wanted ? block : resize_node(block, held * sizeof(void*), wanted * sizeof(void*));
+}
+
+void RuntimeSlots::Free(void* block) {
+    free_node(block);
+}
+
+}  // namespace orvil::detail
