@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <memory>
 #include <random>
 #include <string>
 
@@ -39,6 +40,11 @@ int depth_of(const CLexTokenBlock& root) {
     }
 }
 
+// What a million levels are written as, without indentation, behind the line of the root.
+std::string written_blocks(int depth, const std::string& innermost) {
+    return "\r\n" + repeated("\r\nx {\r\n", depth) + innermost + repeated("}\r\n", depth);
+}
+
 void expect_deep_file_is_handled_whole() {
     const TempDir folder;
     const std::string path =
@@ -55,46 +61,69 @@ void expect_deep_file_is_handled_whole() {
 
     CLexTokenBlock copy(root);
     ASSERT_EQ(depth_of(copy), kDepth);
-    copy = *copy.GetAt(0);
-    ASSERT_EQ(depth_of(copy), kDepth - 1);
+    EXPECT_TRUE(root.DeleteAllBlocks());
+    EXPECT_EQ(root.GetBlockCount(), 0);
 
     const std::string out = folder.path("out.txt");
-    CLexTokenBlock target = node("", eGrammerBlock);
-    ASSERT_GE(target.AddBlock(copy), 0);
-    ASSERT_TRUE(CTokenRegister(out.c_str(), false, 0).DoRegist(target, false));
-    CLexTokenBlock again;
-    ASSERT_TRUE(bt_input_file(out.c_str(), again));
-    EXPECT_EQ(depth_of(again), kDepth);
+    ASSERT_TRUE(copy.Create("", 0, 0, false, eTokenSymbol));
+    ASSERT_TRUE(CTokenRegister(out.c_str(), false, 0).DoRegist(copy, false));
+    EXPECT_TRUE(read_file(out) == written_blocks(kDepth, "y = 7;\r\n") + "z = 8;\r\n");
 }
 
 TEST(TreeScale, MillionDeepFileIsParsedSearchedCopiedWrittenAndFreedOnASmallStack) {
     run_on_small_stack(expect_deep_file_is_handled_whole);
 }
 
+// Deep enough to end a small stack by recursion, whatever the size of a frame.
+constexpr int kBeyondRecursion = 100000;
+
+void expect_deep_parts_are_taken_over() {
+    const TempDir folder;
+    CLexTokenBlock root;
+    const std::string path =
+        folder.write("deep.txt", repeated("x{", kBeyondRecursion) + repeated("}", kBeyondRecursion));
+    ASSERT_TRUE(bt_input_file(path.c_str(), root));
+    root = *root.GetAt(0);
+    EXPECT_EQ(depth_of(root), kBeyondRecursion - 1);
+    CLexTokenBlock target = node("", eGrammerBlock);
+    EXPECT_EQ(target.AddBlock(root), 0);
+    EXPECT_EQ(depth_of(target), kBeyondRecursion);
+    const std::unique_ptr<CLexTokenBlock> copy(target.GetAt(0)->GetCopy());
+    EXPECT_EQ(depth_of(*copy), kBeyondRecursion - 1);
+    CLexTokenBlock closed = empty_block("Outer");
+    EXPECT_EQ(closed.InsertBlockEntityBlock(*copy), 1);
+    EXPECT_EQ(depth_of(closed), kBeyondRecursion);
+}
+
+TEST(TreeScale, DeepPartsAreAssignedAddedInsertedAndTakenFromTheirOwnTree) {
+    run_on_small_stack(expect_deep_parts_are_taken_over);
+}
+
 void expect_cut_off_files_are_handled() {
     const TempDir folder;
     CLexTokenBlock root;
-    ASSERT_TRUE(bt_input_file(folder.write("in.txt", repeated("x{", kDepth)).c_str(), root));
-    EXPECT_EQ(depth_of(root), kDepth);
-    ASSERT_TRUE(bt_input_file(folder.write("in.txt", repeated("x{", kDepth) + "\n").c_str(), root));
-    EXPECT_EQ(depth_of(root), kDepth - 1);
-    ASSERT_TRUE(bt_input_file(folder.write("in.txt", repeated("x{", kDepth) + "y = 1\n").c_str(), root));
-    EXPECT_EQ(depth_of(root), kDepth - 1);
+    const std::string blocks = repeated("x{", kBeyondRecursion);
+    ASSERT_TRUE(bt_input_file(folder.write("in.txt", blocks).c_str(), root));
+    EXPECT_EQ(depth_of(root), kBeyondRecursion);
+    ASSERT_TRUE(bt_input_file(folder.write("in.txt", blocks + "\n").c_str(), root));
+    EXPECT_EQ(depth_of(root), kBeyondRecursion - 1);
+    ASSERT_TRUE(bt_input_file(folder.write("in.txt", blocks + "y = 1\n").c_str(), root));
+    EXPECT_EQ(depth_of(root), kBeyondRecursion - 1);
 }
 
-TEST(TreeScale, MillionDeepFileThatIsCutOffKeepsWhatTheRulesKeep) {
+TEST(TreeScale, DeepFileThatIsCutOffKeepsWhatTheRulesKeep) {
     run_on_small_stack(expect_cut_off_files_are_handled);
 }
 
 void expect_faults_are_handled() {
     const TempDir folder;
     CLexTokenBlock root;
-    const std::string faults = repeated("left 1 ", kDepth / 2);
-    ASSERT_TRUE(bt_input_file(folder.write("in.txt", repeated("x{", kDepth) + faults).c_str(), root));
+    const std::string faults = repeated("left 1 ", kBeyondRecursion / 2);
+    ASSERT_TRUE(bt_input_file(folder.write("in.txt", repeated("x{", kBeyondRecursion) + faults).c_str(), root));
     EXPECT_EQ(depth_of(root), 1) << "each fault drops a block with all that it holds and ends the one around it";
 }
 
-TEST(TreeScale, FaultsAtEveryLevelOfAMillionDeepFileEndTwoLevelsEach) {
+TEST(TreeScale, FaultsAtEveryLevelOfADeepFileEndTwoLevelsEach) {
     const TempDir folder;
     CLexTokenBlock root;
     ASSERT_TRUE(bt_input_file(folder.write("in.txt", "x{x{x{x{left 1 left 1 }").c_str(), root));
