@@ -1,6 +1,7 @@
 #include "orvil/tokens/lex_token.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
@@ -15,7 +16,20 @@ using orvil::detail::meta_character;
 using orvil::detail::MetaCharacter;
 using orvil::detail::TokenAccess;
 
-static_assert(sizeof(CLexToken) == 48);
+namespace orvil::detail {
+
+// Hosts rely on the layout: the virtual table's pointer, then the fields.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+constexpr bool TokenAccess::has_promised_layout() {
+    using Token = CLexToken;
+    return sizeof(Token) == 48 && offsetof(Token, line_) == 8 && offsetof(Token, column_) == 12 &&
+           offsetof(Token, kind_) == 16 && offsetof(Token, text_) == 24;
+}
+#pragma GCC diagnostic pop
+static_assert(TokenAccess::has_promised_layout());
+
+}  // namespace orvil::detail
 
 namespace {
 

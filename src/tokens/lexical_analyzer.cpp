@@ -1,6 +1,7 @@
 #include "orvil/tokens/lexical_analyzer.h"
 
 #include <cstdarg>
+#include <cstddef>
 
 #include "strings/string_access.h"
 #include "tokens/analyzer_access.h"
@@ -17,7 +18,22 @@ using orvil::detail::role_of;
 using orvil::detail::StreamAccess;
 using orvil::detail::TokenAccess;
 
-static_assert(sizeof(CLexicalAnalyzer) == 128);
+namespace orvil::detail {
+
+// Hosts rely on the layout: the virtual table's pointer, then the fields.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+constexpr bool AnalyzerAccess::has_promised_layout() {
+    using Analyzer = CLexicalAnalyzer;
+    return sizeof(Analyzer) == 128 && offsetof(Analyzer, token_line_) == 8 && offsetof(Analyzer, token_column_) == 12 &&
+           offsetof(Analyzer, stream_) == 16 && offsetof(Analyzer, current_token_) == 24 &&
+           offsetof(Analyzer, lexeme_) == 72 && offsetof(Analyzer, binder_) == 96 &&
+           offsetof(Analyzer, information_) == 104;
+}
+#pragma GCC diagnostic pop
+static_assert(AnalyzerAccess::has_promised_layout());
+
+}  // namespace orvil::detail
 
 CLexicalAnalyzer::CLexicalAnalyzer(CStreamMemFile& stream) : stream_(&stream) {
 }

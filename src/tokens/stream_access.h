@@ -92,6 +92,8 @@ struct StreamAccess {
         move_to(stream, at, {after.line, before.column});
     }
 
+    static constexpr bool has_promised_layout();
+
     // Appends bytes as they are; the buffer grows each time it is full.
     static bool write(CStreamMemFile& stream, const char* bytes, std::size_t size);
     static bool write_line_end(CStreamMemFile& stream);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <climits>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -13,7 +14,23 @@
 
 using orvil::detail::StreamAccess;
 
-static_assert(sizeof(CStreamMemFile) == 96);
+namespace orvil::detail {
+
+// Hosts rely on the layout: the virtual table's pointer, then the fields.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+constexpr bool StreamAccess::has_promised_layout() {
+    using Stream = CStreamMemFile;
+    return sizeof(Stream) == 96 && offsetof(Stream, direction_) == 8 && offsetof(Stream, path_) == 16 &&
+           offsetof(Stream, capacity_) == 40 && offsetof(Stream, grow_unit_) == 44 && offsetof(Stream, buffer_) == 48 &&
+           offsetof(Stream, position_) == 56 && offsetof(Stream, delimiter_mode_) == 60 &&
+           offsetof(Stream, line_) == 64 && offsetof(Stream, column_) == 68 &&
+           offsetof(Stream, error_information_) == 72;
+}
+#pragma GCC diagnostic pop
+static_assert(StreamAccess::has_promised_layout());
+
+}  // namespace orvil::detail
 
 namespace {
 

@@ -45,6 +45,8 @@ struct TokenAccess {
         StringAccess::swap(a.text_, b.text_);
     }
 
+    static constexpr bool has_promised_layout();
+
     static bool is_lone_meta_character(const CLexToken& token) {
         return token.text_.GetLength() == 1 && CLexToken::IsMetaCharacter(token.text_.GetAt(0)) >= 0;
     }

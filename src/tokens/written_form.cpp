@@ -34,7 +34,7 @@ bool append_written_form(OutputText& out, const CLexToken& token, const LeadByte
     const std::size_t length = text.GetLength() > 0 ? static_cast<std::size_t>(text.GetLength()) : 0;
     if (token.CompareFilePosition(kHeaderMarker, kHeaderMarker)) {
         out.append("// ");
-        out.append(text.GetString(), length);
+        out.append(text.GetString());
         out.append(" : ");
         return true;
     }

@@ -501,6 +501,22 @@ TEST(LexicalAnalyzerSize, HugeTokensAreReadInOneGo) {
     }
 }
 
+// The last token holds an escape, so that it is put together from pieces.
+TEST(LexicalAnalyzerSize, TokensOfAHundredMegabytesComeFromAFile) {
+    const TempDir folder;
+    const std::string body(100'000'000, 'x');
+    for (const char* const ending : {"g ", "\\tg "}) {
+        CStreamMemFile stream(eTransRead, 4096);
+        ASSERT_TRUE(stream.OpenFile(folder.write("huge", body + ending).c_str()));
+        CLexToken token;
+        const auto start = std::chrono::steady_clock::now();
+        ASSERT_TRUE(CLexicalAnalyzer(stream).DoAnalyze(token));
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+        EXPECT_TRUE(token.IsSymbolToken());
+        EXPECT_TRUE(token.GetString() == body + (*ending == 'g' ? "g" : "\tg"));
+    }
+}
+
 TEST(LexicalAnalyzerSize, ManyEscapesAndNulsInOneStringStayLinear) {
     std::string text = "'";
     std::string expected;

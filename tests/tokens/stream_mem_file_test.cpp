@@ -5,6 +5,7 @@
 
 #include <climits>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "support/temp_dir.h"
@@ -136,6 +137,17 @@ TEST_F(OpenStreams, MissingFileIsRefusedButItsPathIsKept) {
     const std::string path = folder.path("missing");
     EXPECT_FALSE(stream.OpenFile(path.c_str()));
     EXPECT_STREQ(stream.GetFilePath(), path.c_str());
+    EXPECT_EQ(counters(stream), "-1:-1");
+}
+
+TEST_F(OpenStreams, FileOfMoreBytesThanAnIntCountsIsRefused) {
+    const std::string path = folder.write("huge", "");
+    std::ofstream file(path, std::ios::binary);
+    file.seekp(INT_MAX);
+    ASSERT_TRUE(file.put('x').flush());
+    CStreamMemFile stream(eTransRead, 4096);
+    EXPECT_FALSE(stream.OpenFile(path.c_str()));
+    EXPECT_EQ(query(stream), kNothing);
     EXPECT_EQ(counters(stream), "-1:-1");
 }
 

@@ -111,11 +111,12 @@ public:
     const CExtString& GetFilePath() const;
 
     /// Consumes and counts one character.
-    /// @param first receives the character, or its lead byte; 0 on failure
+    /// @param first receives the character, or its lead byte; 0 when there is none
     /// @param second receives the trail byte of a double-byte character, else 0
-    /// @return true; false at the end and for a lead byte without a trail byte, with nothing consumed and the error
-    /// text set. A double-byte character that ends the file also gives false and sets the error text, although both
-    /// bytes are delivered and consumed: there a @p second other than 0 tells that they came.
+    /// @return true; false at the end, and for a lead byte that is the file's last byte, with nothing consumed and the
+    /// error text set. Such a lone lead byte stands in @p first all the same. A double-byte character that ends the
+    /// file also gives false and sets the error text, although both bytes are delivered and consumed: there a
+    /// @p second other than 0 tells that they came.
     bool GetCurrentData(char& first, char& second);
 
     /// As GetCurrentData(), without consuming, counting or setting the error text.
