@@ -1,7 +1,6 @@
 // How CFilePath takes texts apart.
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <filesystem>
 #include <ostream>
 #include <string>
@@ -36,17 +35,6 @@ std::string replaced(std::string text, bool to_internal) {
     EXPECT_TRUE(Path::ReplaceSeparateCharacters(text.data(), to_internal));
     return text;
 }
-
-#ifdef _WIN32
-// Code page 932 for the length of a test. In it "\x83\x5C" is one character whose second byte is a backslash.
-class CodePage932 {
-public:
-    CodePage932() { EXPECT_NE(std::setlocale(LC_CTYPE, "Japanese_Japan.932"), nullptr); }
-    ~CodePage932() { std::setlocale(LC_CTYPE, "C"); }
-    CodePage932(const CodePage932&) = delete;
-    CodePage932& operator=(const CodePage932&) = delete;
-};
-#endif
 
 }  // namespace
 
@@ -289,38 +277,9 @@ TEST(FilePathSeparators, AnEmptyTextFails) {
     EXPECT_FALSE(Path::ReplaceSeparateCharacters(static_cast<char*>(nullptr), false));
 }
 
-#ifdef _WIN32
-
-TEST(FilePathSeparators, ASecondByteIsLeftAlone) {
-    CodePage932 japanese;
-    EXPECT_EQ(replaced("\x83\x5C\\\x83\x5C", true), "\x83\x5C/\x83\x5C");
-    CExtString text("\x83\x5C\\x");
-    EXPECT_TRUE(Path::ReplaceSeparateCharacters(text, true));
-    EXPECT_EQ(text, "\x83\x5C/x");
-}
-
-TEST(FilePathSeparators, OutsideTheCodePageTheSameByteIsASeparator) {
+TEST(FilePathSeparators, WithoutDoubleByteCharactersEachByteCounts) {
     EXPECT_EQ(replaced("\x83\x5C\\", true), "\x83//");
 }
-
-TEST(FilePathSeparators, ALeadByteAtTheEndIsNotSteppedOver) {
-    CodePage932 japanese;
-    char text[] = "a\\\x83\0\\b";
-    EXPECT_TRUE(Path::ReplaceSeparateCharacters(text, true));
-    EXPECT_EQ(std::string(text, sizeof text - 1), std::string("a/\x83\0\\b", 6));
-}
-
-// The system's own code page may be another, to which the second bytes are separators: none stands beside a real one.
-TEST(FilePathSeparators, AnAbsolutePathKeepsItsDoubleByteNames) {
-    CodePage932 japanese;
-    Path path;
-    ASSERT_TRUE(path.CreateFromFullPath("C:\\a\\\x83\x5Cg\\x\x83\x5C.txt"));
-    EXPECT_EQ(path.parts(), "C:|/a/\x83\x5Cg|x\x83\x5C.txt");
-    EXPECT_EQ(path.QueryDirectoryName(), "\\a\\\x83\x5Cg");
-    EXPECT_EQ(path.MakeFullPath(false), "C:\\a\\\x83\x5Cg\\x\x83\x5C.txt");
-}
-
-#endif
 
 // --- the static texts ------------------------------------------------------------------------------------------------
 

@@ -780,6 +780,8 @@ TEST(ExtStrArraySort, ComparatorsGiveMinusOneZeroOrOne) {
     EXPECT_EQ(compare_numbers("-5", "3"), -1);
     EXPECT_EQ(compare_numbers("30x", "4"), 1);
     EXPECT_EQ(compare_numbers("7", "007"), 0);
+    EXPECT_EQ(compare_numbers("-2147483648", "2147483647"), -1);
+    EXPECT_EQ(compare_numbers("2147483647", "-2147483648"), 1);
     EXPECT_EQ(compare_numbers("text", "0"), 0);
 }
 

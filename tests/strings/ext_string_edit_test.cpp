@@ -4,12 +4,10 @@
 #include <string>
 
 #include "orvil/strings/ext_string.h"
-#include "strings/code_page.h"
 #include "strings/ext_string_probe.h"
 
 using orvil::test::capacity_of;
 using orvil::test::counted;
-using orvil::test::DoubleByteLocale;
 using orvil::test::has_buffer;
 
 // --- case -----------------------------------------------------------------------------------------------------------
@@ -30,35 +28,6 @@ TEST(ExtStringCase, AnEmptyStringGivesFalse) {
     EXPECT_FALSE(with_buffer.ChangeLower());
 }
 
-TEST(ExtStringCase, ADoubleByteCharacterStaysAsItIs) {
-    const DoubleByteLocale locale;
-    CExtString s("a\x83\x61z");
-    EXPECT_TRUE(s.ChangeUpper());
-    EXPECT_STREQ(s, locale.active() ? "A\x83\x61Z" : "A\x83\x41Z");
-    s = "A\x83\x41Z";
-    EXPECT_TRUE(s.ChangeLower());
-    EXPECT_STREQ(s, locale.active() ? "a\x83\x41z" : "a\x83\x61z");
-}
-
-TEST(ExtStringCase, ALeadByteAtTheEndEndsTheWalk) {
-    const DoubleByteLocale locale;
-    CExtString s("abcdef\x83");
-    ASSERT_EQ(capacity_of(s), 8);
-    EXPECT_TRUE(s.ChangeUpper());
-    EXPECT_STREQ(s, "ABCDEF\x83");
-    EXPECT_TRUE(s.ChangeLower());
-    EXPECT_STREQ(s, "abcdef\x83");
-}
-
-TEST(ExtStringCase, ALeadByteBeforeAHiddenZeroEndsTheWalk) {
-    const DoubleByteLocale locale;
-    CExtString s("a\x83zz");
-    s.SetAt(2, '\0');
-    EXPECT_TRUE(s.ChangeUpper());
-    EXPECT_STREQ(s, "A\x83");
-    EXPECT_EQ(s.GetAt(3), 'z');
-}
-
 // --- reversal -------------------------------------------------------------------------------------------------------
 
 TEST(ExtStringReverse, ReversesBytes) {
@@ -69,15 +38,6 @@ TEST(ExtStringReverse, ReversesBytes) {
     EXPECT_EQ(counted(s), "3:cba");
     EXPECT_EQ(counted(t), "4:dcba");
     EXPECT_EQ(counted(one), "1:a");
-}
-
-TEST(ExtStringReverse, ReversesTheBytesOfADoubleByteCharacterToo) {
-    const DoubleByteLocale locale;
-    CExtString s("a\x83\x61");
-    EXPECT_TRUE(s.Reverse());
-    EXPECT_STREQ(s,
-                 "\x61\x83"
-                 "a");
 }
 
 TEST(ExtStringReverse, ReversesTheCountedLength) {

@@ -2,10 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "orvil/strings/ext_string.h"
-#include "strings/code_page.h"
 #include "strings/ext_string_probe.h"
-
-using orvil::test::DoubleByteLocale;
 
 namespace {
 
@@ -138,20 +135,4 @@ TEST(ExtStringFindOneOf, AnEmptyStringHasNone) {
     EXPECT_EQ(CExtString().FindOneOf("a"), -1);
     EXPECT_EQ(CExtString('x', 0).FindOneOf("x"), -1);
     EXPECT_EQ(negative.FindOneOf("a"), -1);
-}
-
-TEST(ExtStringFindOneOf, ADoubleByteCharacterNeverMatches) {
-    const DoubleByteLocale locale;
-    const CExtString s(
-        "x\x83\x61"
-        "a");
-    EXPECT_EQ(s.FindOneOf("a"), locale.active() ? 3 : 2);
-    EXPECT_EQ(s.FindOneOf("\x83"), locale.active() ? -1 : 1);
-}
-
-TEST(ExtStringFindOneOf, ALeadByteAtTheEndEndsTheSearch) {
-    const DoubleByteLocale locale;
-    const CExtString s("abcdef\x83");
-    EXPECT_EQ(s.FindOneOf("x"), -1);
-    EXPECT_EQ(s.FindOneOf("\x83"), locale.active() ? -1 : 6);
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tokens/code_page_932.h"
+#include "support/code_page_932.h"
 #include "tokens/lexer_comparison.h"
 
 using namespace orvil::test;

@@ -14,11 +14,6 @@ inline bool no_lead_byte(unsigned char) {
     return false;
 }
 
-// The lead bytes of code page 932.
-inline bool is_lead_byte_932(unsigned char byte) {
-    return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
-}
-
 inline std::string naive_format(const char* format, const std::string& text, int number) {
     const int size = std::snprintf(nullptr, 0, format, text.c_str(), number);
     std::string out(static_cast<std::size_t>(size) + 1, '\0');

@@ -3,7 +3,7 @@
 
 #include <clocale>
 
-#include "tokens/code_page_932.h"
+#include "support/code_page_932.h"
 
 namespace orvil::test {
 

@@ -1,7 +1,6 @@
 // The platform's two questions about lead bytes are answered here, so that the tests need no such locale. The linker
 // sends the library's calls to these (--wrap).
-#include "tokens/code_page_932.h"
-#include "tokens/naive_lexer.h"
+#include "support/code_page_932.h"
 
 namespace orvil::platform {
 
