@@ -129,11 +129,13 @@ public:
         return true;
     }
 
-    /// @return all keys in the order of buckets, each chain from its head
+    /// @return all keys in the order of buckets, each chain from its head. Without memory the keys end at the first
+    /// that could not be stored, whose element may be empty.
     CExtStrArray Keys() const {
         CExtStrArray keys;
-        for (const Node* node = FirstNode(); node != nullptr; node = NodeAfter(node)) {
-            keys.Add(node->key);
+        const Node* node = FirstNode();
+        while (node != nullptr && keys.Add(node->key)) {
+            node = NodeAfter(node);
         }
         return keys;
     }
