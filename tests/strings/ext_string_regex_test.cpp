@@ -451,14 +451,19 @@ TEST_F(ExtStringRegexSplit, MatchThatEndsBeforeItBeginsIsAnEmptyMatch) {
     EXPECT_EQ(split("ab", "/(?=ab\\K)/"), (Texts{"ab"}));
 }
 
+// Checking each rest anew would read 30 gigabytes.
 TEST_F(ExtStringRegexSplit, Utf8TextIsSplitInLinearTime) {
+    std::string piece;
+    for (int i = 0; i < 75; ++i) {
+        piece += "\xC3\xA4";
+    }
     std::string text;
-    for (int i = 0; i < 300000; ++i) {
-        text += "\xC3\xA4,";
+    for (int i = 0; i < 20000; ++i) {
+        text += piece + ",";
     }
     const CExtStrArray parts = CExtString(text.c_str()).RegexSplit("/(*UTF8),/");
-    EXPECT_EQ(parts.GetSize(), 300000);
-    EXPECT_STREQ(parts.GetAt(299999), "\xC3\xA4");
+    EXPECT_EQ(parts.GetSize(), 20000);
+    EXPECT_STREQ(parts.GetAt(19999), piece.c_str());
 }
 
 TEST_F(ExtStringRegexSplit, RestThatBeginsInsideACharacterDoesNotMatch) {
