@@ -156,11 +156,9 @@ bool LexemeScanner::read_ordinary() {
 }
 
 void LexemeScanner::skip_separators() {
-    const char* from = at_;
     do {
-        ++at_;
+        drop_byte();
     } while (at_ != end_ && role_of(*at_) == Role::kSeparator);
-    here_.count(from, at_);
 }
 
 // Steps over a quote. True when it closes a string; another quote opens one when nothing has been collected, and is

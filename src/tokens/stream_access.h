@@ -29,6 +29,13 @@ struct TextPosition {
     }
 
     void count(const char* from, const char* to) {
+        constexpr std::ptrdiff_t kShort = 48;
+        if (to - from <= kShort) {
+            for (; from != to; ++from) {
+                count_byte(*from);
+            }
+            return;
+        }
         const char* start = from;
         for (const char* cr = find_last_cr(from, to); cr != nullptr; cr = nullptr) {
             column = 0;
