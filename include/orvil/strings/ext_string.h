@@ -241,14 +241,14 @@ public:
 
     /// Searches the text. @return the number of captured texts plus 1, or 0 when nothing matches or the pattern is bad
     int RegexMatch(const char* pattern) const;
-    /// As above; @p parts receives the whole match and the captured texts.
+    /// As above; @p parts receives the whole match and the captured texts. One without memory is empty.
     int RegexMatch(const char* pattern, CExtStrArray& parts) const;
     /// @return a copy in which every match is replaced; with groups in the pattern the groups are replaced instead, and
     /// the text behind the last one is dropped. The replacement is taken literally.
     CExtString RegexReplace(const char* pattern, const char* replacement) const;
     /// @return an unchanged copy: an array of replacements is not applied
     CExtString RegexReplace(const char* pattern, const CExtStrArray& replacements) const;
-    /// @return the texts between the matches
+    /// @return the texts between the matches. Without memory they end at the first that could not be stored.
     CExtStrArray RegexSplit(const char* pattern) const;
 
 protected:
@@ -283,7 +283,7 @@ protected:
     /// @return @p pattern itself when it is a handle, else the handle of the compiled notation, or null
     static void* _MakeRegexV(const char* pattern);
     /// Searches the text. @param parts receives the whole match and the captured texts, unless it is null
-    /// @return the number of captured texts plus 1, or a negative number when nothing matches or the pattern is bad
+    /// @return the number of captured texts plus 1, 0 when nothing matches, or -1 when the pattern is bad
     int _RegexMatch(const char* pattern, CExtStrArray* parts) const;
 
     char* buffer_;  ///< the text, NUL-terminated, or null
