@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -63,8 +64,9 @@ TEST(FilePath, TheVirtualTableHoldsTheDestructorThenTheCopy) {
     Path original("C:", "/a", "x");
     using Copy = CFilePath* (*)(const CFilePath*);
     // A virtual destructor takes two entries of the table.
-    const Copy copy = (*reinterpret_cast<Copy* const*>(static_cast<CFilePath*>(&original)))[2];
-    const std::unique_ptr<CFilePath> made(copy(&original));
+    const Copy* table = nullptr;
+    std::memcpy(&table, static_cast<const CFilePath*>(&original), sizeof table);
+    const std::unique_ptr<CFilePath> made(table[2](&original));
     EXPECT_TRUE(original == *made);
 }
 
