@@ -60,11 +60,12 @@ private:
 
     void named_entry(std::size_t name) {
         while (next_ < tokens_.size() && belongs_to_nothing(next_)) {
+            check_closed(next_);
             lose(next_, LossReason::kBehindName, name);
             ++next_;
         }
         if (next_ == tokens_.size()) {
-            result_.fault = text_.fault ? text_.fault : missing(after(name), text_.end);
+            fail_at_end(after(name));
         } else if (is_meta(token(next_), '=')) {
             ++next_;
             assignment(name);
@@ -86,10 +87,8 @@ private:
             }
             assigned(next_);
         }
-        result_.fault = text_.fault ? text_.fault
-                                    : missing("';' to end the assignment of " + name_of(name) + " in line " +
-                                                  std::to_string(tokens_[name].place.line),
-                                              text_.end);
+        fail_at_end("';' to end the assignment of " + name_of(name) + " in line " +
+                    std::to_string(tokens_[name].place.line));
     }
 
     void assigned(std::size_t value) {
@@ -132,6 +131,13 @@ private:
             const SourceToken& opener = tokens_[open_.back()];
             result_.fault = missing(
                 "'}' to close " + name_of(open_.back()) + " of line " + std::to_string(opener.place.line), text_.end);
+        }
+    }
+
+    // What ended the file too early, a comment or a string say, is told rather than what is missing then.
+    void fail_at_end(std::string expected) {
+        if (!result_.fault) {
+            result_.fault = text_.fault ? text_.fault : missing(std::move(expected), text_.end);
         }
     }
 

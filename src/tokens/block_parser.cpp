@@ -18,9 +18,6 @@ constexpr const char* kEntryNotStored = "Memory Error. parsed [%s]\n";
 
 BlockParser::~BlockParser() {
     finish();
-    while (!open_.empty()) {
-        drop_block();
-    }
 }
 
 // entry* `}`
@@ -47,7 +44,6 @@ BlockParser::Outcome BlockParser::parse_block(CLexTokenBlock& target) {
 
 // entry: assignment | block | value | stray. The end of the file ends a block as its brace does.
 BlockParser::Step BlockParser::parse_entry() {
-    cut_off_ = false;
     if (stream_.IsEof()) {
         return Step::kEnd;
     }
@@ -151,7 +147,6 @@ BlockParser::Step BlockParser::close_block() {
 void BlockParser::drop_block() {
     delete open_.top();
     open_.pop();
-    cut_off_ = false;
 }
 
 BlockParser::Step BlockParser::hang_in(NodePtr entry) {

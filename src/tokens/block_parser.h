@@ -69,7 +69,7 @@ private:
     NodePtr spare_;                    // where the next token is read into
     char stray_ = 0;                   // the character of a message that has been put off
     bool silent_ = false;              // the last read failed at the end of the file without a text
-    bool cut_off_ = false;
+    bool cut_off_ = false;             // an assignment has met the end of the file, so nothing follows
     bool out_of_memory_ = false;
 };
 

@@ -51,7 +51,7 @@ bool split_lines(const char* comment, CExtStrArray& lines, int& longest) {
         length += line_length(lines, i);
         longest = std::max(longest, line_length(lines, i));
     }
-    if (length == whole && lines.GetSize() < 2) {
+    if (length == whole) {
         return true;
     }
     const bool ends_with_line = comment[whole - 1] == '\n';

@@ -80,6 +80,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"QuoteInAWord", "x = a\"b;\n", 0, ": 1 entry\n", ":1:6: warning: expected \\\", found '\"'\n"},
         Case{"CarriageReturnInALine", "// a\rb\r\n#x\r\n", 0, ": 1 entry\n",
              ":1:5: warning: expected a character that is kept, found '\\x0D'\n"},
+        Case{"CarriageReturnAtTheEndOfTheFile", "x = 1; // a\r", 0, ": 1 entry\n", ""},
         Case{"CarriageReturnInAString", "x = \"a\rb\";\n", 0, ": 1 entry\n", ""},
         Case{"HighByteInAString", "x = \"\xE9\";\n", 0, ": 1 entry\n", ""},
         Case{"CommentBehindAName", "x /* y */ = 1;\n", 0, ": 1 entry\n", ""},
@@ -99,6 +100,13 @@ INSTANTIATE_TEST_SUITE_P(
                          ":1:9: expected a closing \" for this string, found the end of the file "
                          "(Not found Expressio-Terminator token. Assign value = [Title])\n"},
                     Case{"UnfinishedComment", "x = 1;\n /* abc\n", 1, "",
+                         ":3:1: expected */ to close the comment of line 2, found the end of the file\n"},
+                    Case{"CommentThatEndsInItsOwnStar", "/*/\n", 1, "",
+                         ":2:1: expected */ to close the comment of line 1, found the end of the file\n"},
+                    Case{"UnfinishedCommentInAnAssignment", "x = 1\n/* abc\n", 1, "",
+                         ":3:1: expected */ to close the comment of line 2, found the end of the file "
+                         "(Not found Expressio-Terminator token. Assign value = [x])\n"},
+                    Case{"UnfinishedCommentBehindAName", "x\n/* abc\n", 1, "",
                          ":3:1: expected */ to close the comment of line 2, found the end of the file\n"},
                     Case{"LastWordWithoutAnEnd", "x = 1;\n 5", 1, "",
                          ":2:2: expected a blank, a line end or a delimiter after '5', found the end of the file\n"},
@@ -122,6 +130,22 @@ TEST(OrvilCheck, NameOfTheLettersAToFIsPointedOut) {
     expect_result(orvil_program({"check", path}), 0, path + ": 4 entries\n",
                   path + ":1:6: warning: expected a name before it ('Face' reads as a number), found '='\n" + path +
                       ":1:9: warning: expected an entry, found ';'\n");
+}
+
+TEST(OrvilCheck, BlockNameOfTheLettersAToFIsPointedOut) {
+    const TempDir folder;
+    const std::string path = folder.write("x.cfg", "Face { 1 }\n");
+    expect_result(orvil_program({"check", path}), 0, path + ": 4 entries\n",
+                  path + ":1:6: warning: expected a name before it ('Face' reads as a number), found '{'\n" + path +
+                      ":1:10: warning: expected an entry, found '}'\n");
+}
+
+TEST(OrvilCheck, OtherDelimitersBehindANumberAreJustStrays) {
+    const TempDir folder;
+    const std::string path = folder.write("x.cfg", "Face ( 'a' = \n");
+    expect_result(orvil_program({"check", path}), 0, path + ": 4 entries\n",
+                  path + ":1:6: warning: expected an entry, found '('\n" + path +
+                      ":1:12: warning: expected an entry, found '='\n");
 }
 
 TEST(OrvilCheck, WarningsComeInTheFilesOrder) {

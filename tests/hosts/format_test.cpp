@@ -60,6 +60,12 @@ TEST(OrvilFormat, CommentsBetweenOuterEntriesKeepTheirPlaces) {
               dressed("out.cfg", "// one\r\nx = 1;\r\n/* two\r\n  lines */\r\ny = 2;\r\n// last\r\n"));
 }
 
+TEST(OrvilFormat, CommentsBehindABlockKeepTheirPlaces) {
+    EXPECT_EQ(format_to_text("View { Grid { } x = 1; }\n// between\ny = 2;\n// last\n"),
+              dressed("out.cfg",
+                      "\r\nView {\r\n\r\n\tGrid {\r\n\t}\r\n\tx = 1;\r\n}\r\n// between\r\ny = 2;\r\n// last\r\n"));
+}
+
 TEST(OrvilFormat, ValuesAndDelimitersOutsideOfBlocksAreKept) {
     EXPECT_EQ(format_to_text("0xFF 'a' 1.5; }\n"), dressed("out.cfg", "0xFF\r\n\"a\"\r\n1.5\r\n;\r\n}\r\n"));
 }
@@ -87,6 +93,15 @@ TEST(OrvilFormat, HeadingOfAFileKeepsItsWords) {
         "\r\n";
     EXPECT_EQ(format_to_text("// old.cfg : \r\n" + box + "x = 1;"),
               "// out.cfg : \r\n" + box + "x = 1;\r\n\r\n/* END OF FILE */\r\n\r\n");
+}
+
+TEST(OrvilFormat, BoxWhoseRulesDifferIsAComment) {
+    const std::string box =
+        "/*********/\r\n"
+        "/*  My   */\r\n"
+        "/**********/\r\n";
+    EXPECT_EQ(format_to_text("// old.cfg : \r\n" + box + "x = 1;"),
+              dressed("out.cfg", "// old.cfg : \r\n" + box + "x = 1;\r\n"));
 }
 
 TEST(OrvilFormat, TargetMayBeTheFileItself) {
@@ -167,6 +182,13 @@ TEST(OrvilFormat, DeeperIsRefused) {
             "orvil: " + path + " is nested " + std::to_string(depth) + " deep, and files are written to 1000\n");
         EXPECT_FALSE(std::filesystem::exists(folder.path("out.cfg")));
     }
+}
+
+TEST(OrvilFormat, DeepestBlockDecidesWhereverItStands) {
+    const TempDir folder;
+    const std::string path = folder.write("x.cfg", repeated("x{", 1001) + repeated("}", 1001) + "y{}");
+    expect_result(orvil_program({"format", path, "-o", folder.path("out.cfg")}), 2, "",
+                  "orvil: " + path + " is nested 1001 deep, and files are written to 1000\n");
 }
 
 TEST(OrvilFormat, NeedsAFileAndATarget) {

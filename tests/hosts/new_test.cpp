@@ -94,6 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
         std::pair("a b=1", "'a b' is no name: ' ' cannot stand in one"),
         std::pair("x;y=1", "'x;y' is no name: ';' cannot stand in one"),
         std::pair("x\"y=1", "'x\"y' is no name: '\"' cannot stand in one"), std::pair("=1", "a name is missing"),
+        std::pair("x\x7F=1", "'x\\x7F' is no name: '\\x7F' cannot stand in one"),
         std::pair("word", "'word' is not of the form NAME=VALUE"),
         std::pair("x=", "x is given an empty string, which a file cannot hold"), std::pair("ok=2", "ok is given twice"),
         std::pair("x=2147483648", "'2147483648' does not fit into 32 bits"),

@@ -20,6 +20,9 @@ TEST(BtInput, ReadsAFileWithoutItsComments) {
     CLexTokenBlock root;
     EXPECT_TRUE(bt_input_file(folder.write("in.txt", "/* c */ x = 1; // d\n").c_str(), root));
     EXPECT_EQ(describe(root), "B 0:[A n:x[m:= d:1 m:;]]");
+    CExtString message;
+    EXPECT_TRUE(bt_input_file(folder.path("in.txt").c_str(), root, message));
+    EXPECT_EQ(describe(root), "B 0:[A n:x[m:= d:1 m:;]]");
 }
 
 TEST(BtInput, MessageIsEmptiedAndSetOnFailureOnly) {

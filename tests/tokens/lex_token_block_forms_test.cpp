@@ -148,6 +148,24 @@ TEST(AssignmentForm, LongFormattedTextsAreMeasured) {
     EXPECT_EQ(value.GetAt(1)->GetPureString().GetLength(), 10000);
 }
 
+TEST(AssignmentForm, FormattedTextsOfEveryLengthAreWhole) {
+    for (int length = 1; length < 300; ++length) {
+        CLexTokenBlock value;
+        const std::string format = "%" + std::to_string(length) + "d";
+        ASSERT_TRUE(value.SetupAssignmentDecimal("x", 7, format.c_str()));
+        EXPECT_EQ(describe_token(*value.GetAt(1)), "d:" + std::string(static_cast<std::size_t>(length) - 1, ' ') + "7");
+    }
+}
+
+TEST(AssignmentForm, FormatThatCannotBeFollowedIsRefused) {
+    CLexTokenBlock value = assignment("x", 1);
+    EXPECT_FALSE(value.SetupAssignmentDecimal("y", 0x7FFFFFFF, "7%lc")) << "there is no such character";
+    EXPECT_EQ(describe(value), "0:");
+    EXPECT_FALSE(bt_add_block_assign(value, "y", 0x7FFFFFFF, "7%lc"));
+    EXPECT_FALSE(bt_add_listing_item(value, 0x7FFFFFFF, "7%lc"));
+    EXPECT_EQ(describe(value), "0:");
+}
+
 TEST(AssignmentForm, InfinitiesAndNanAreRefused) {
     CLexTokenBlock value;
     EXPECT_FALSE(value.SetupAssignmentDouble("a", std::numeric_limits<double>::infinity(), nullptr));
@@ -320,7 +338,7 @@ TEST(Dump, OfAFormIsARuleItsInformationAndItsChildrenOneLevelDeeper) {
 
 TEST(Dump, IndentationIsFourTimesTheLevelPlusOneAndNeverNegative) {
     const CLexTokenBlock listing = node("Items", eGrammerListing);
-    for (const auto& [indent, blanks] : {std::pair{2, 12u}, {0, 4u}, {-1, 0u}, {-9, 0u}, {INT_MIN, 0u}}) {
+    for (const auto& [indent, blanks] : {std::pair{2, 12u}, {0, 4u}, {-1, 0u}, {-2, 0u}, {-9, 0u}, {INT_MIN, 0u}}) {
         CExtString out;
         listing.MakeDumpString(out, indent);
         const std::string margin(blanks, ' ');

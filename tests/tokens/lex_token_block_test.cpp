@@ -354,6 +354,25 @@ TEST(LexTokenBlockInsert, BlockArrayBehindTheBraceDoesNotMoveTheEntries) {
     EXPECT_EQ(describe(probe), "B! n:View[m:{ A! n:x[m:= d:1 m:;] m:} n:tail]");
 }
 
+TEST(LexTokenBlockInsert, FirstBraceDecidesAlsoInABlockThatBecomesACopy) {
+    InsertProbe probe;
+    probe.SetupBlockTypeFactor("View");
+    const CLexTokenBlock tail(token("tail", eTokenSymbol));
+    probe.InsertBlockArray(9, &tail);
+    CLexTokenBlock block;
+    block.SetupBlockTypeFactor("Other");
+    block = probe;
+    EXPECT_EQ(block.InsertBlockEntityBlock(assignment("x", 1)), 1);
+}
+
+TEST(LexTokenBlockInsert, ClosedAssignmentRefusesEntriesAlsoWhenItHoldsABrace) {
+    CLexTokenBlock value;
+    ASSERT_TRUE(value.SetupAssignmentFactor("x", "}", eTokenMetaChar));
+    EXPECT_EQ(value.InsertBlockEntityBlock(assignment("y", 1)), -1);
+    EXPECT_FALSE(bt_add_block_assign(value, "y", 1));
+    EXPECT_EQ(describe(value), "A! n:x[m:= m:} m:;]");
+}
+
 // --- searching
 // --------------------------------------------------------------------------------------------------------
 
@@ -431,6 +450,17 @@ TEST(LexTokenBlockFind, FirstAssignmentInDocumentOrderWinsAtAnyDepth) {
     EXPECT_EQ(root.FindAssignmentBlockEntity(""), root.GetAt(1));
     EXPECT_EQ(root.FindAssignmentBlockEntity(nullptr), root.GetAt(1));
     EXPECT_EQ(root.FindAssignmentBlockEntity("X"), nullptr);
+}
+
+TEST(LexTokenBlockFind, EmptyNameStandsForAnAssignmentWhoseNameIsNoSymbol) {
+    CLexTokenBlock odd(token("5", eTokenDecimal));
+    odd.SetupGrammerType(eGrammerAssign);
+    CLexTokenBlock root = node("Root", eGrammerBlock);
+    root.AddBlock(odd);
+    root.AddBlock(assignment("x", 1));
+    EXPECT_EQ(root.FindAssignmentBlockEntity(""), root.GetAt(0));
+    EXPECT_EQ(root.FindAssignmentBlockEntity(nullptr), root.GetAt(0));
+    EXPECT_EQ(root.FindAssignmentBlockEntity("5"), nullptr);
 }
 
 TEST(LexTokenBlockFind, ListingsAreNotSearchedForAssignments) {

@@ -129,6 +129,8 @@ TEST(Parser, UnterminatedCommentIsAComment) {
 TEST(Parser, EmptyStringClearsTheMessageOnlyWhenCommentsAreKept) {
     EXPECT_EQ(parse("; ''"), ok("m:;", stray(";")));
     EXPECT_EQ(parse("; ''", true), ok("m:;", ""));
+    EXPECT_EQ(parse("View { left 1 } ''"), ok("m:}", wrong_token("1")));
+    EXPECT_EQ(parse("View { left 1 } ''", true), ok("m:}", ""));
 }
 
 // --- strays

@@ -264,6 +264,17 @@ TEST(WriterRefusal, TokenOfNoKindAnywhere) {
     }
 }
 
+TEST(WriterRefusal, MetaCharacterWithoutAWrittenForm) {
+    CLexToken nul;
+    ASSERT_TRUE(nul.Create(static_cast<EMetaCharacter>(0), 0, 0));
+    for (const CLexToken& odd : {nul, token("x", eTokenMetaChar)}) {
+        EXPECT_EQ(written(root_with(CLexTokenBlock(odd))), "(refused)");
+        CLexTokenBlock value = node("x", eGrammerAssign);
+        value.AddToken(odd);
+        EXPECT_EQ(written(root_with(value)), "(refused)");
+    }
+}
+
 TEST(WriterRefusal, RootStraightFromTheParser) {
     const TempDir folder;
     CLexTokenBlock root;
@@ -396,6 +407,14 @@ TEST(WriterProtected, IndentSpaceFollowsLevelAndWidth) {
     EXPECT_STREQ(OpenWriter(path, true, 4, -2).CreateIndentSpace(), "");
     EXPECT_STREQ(OpenWriter(path, false, -1, 2).CreateIndentSpace(), "");
     EXPECT_STREQ(OpenWriter(path, false, INT_MAX, INT_MAX).CreateIndentSpace(), "");
+}
+
+TEST(WriterProtected, WholeWriteBeginsAtLevelZero) {
+    const TempDir folder;
+    const std::string path = folder.path("out.txt");
+    OpenWriter writer(path, true, 4, 3);
+    EXPECT_TRUE(writer.DoRegist(root_with(assignment("x", 1)), false));
+    EXPECT_EQ(read_file(path), "Root\r\nx = 1;\r\n");
 }
 
 TEST(WriterProtected, EachFormIsWrittenAtTheLevelOfTheWriter) {

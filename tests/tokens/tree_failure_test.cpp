@@ -121,6 +121,48 @@ TEST(TreeFailure, ParseIsTrueForTheWholeTreeOnly) {
     });
 }
 
+// Each text of the file with the messages that a refused allocation can give.
+TEST(TreeFailure, ParseNamesTheTokenOrTheEntryThatCannotBeStored) {
+    struct Case {
+        const char* bytes;
+        const char* token_message;
+        const char* entry_message;
+    };
+    const TempDir folder;
+    for (const Case& test : {Case{"x = 1;", "Memory Error. parsed[=]\n", "Memory Error. parsed [x]\n"},
+                             Case{"View { }", "Memory Error. parsed[{]\n", "Memory Error. parsed [View]\n"},
+                             Case{"12 ", "Memory Error. parsed[12]\n", "Memory Error. parsed[]\n"},
+                             Case{"; ", "Memory Error. parsed[;]\n", "Memory Error. parsed[]\n"}}) {
+        SCOPED_TRACE(test.bytes);
+        const std::string path = folder.write("in.txt", test.bytes);
+        bool seen_token = false;
+        bool seen_entry = false;
+        sweep_allocation_failures([&](auto failed) {
+            CTokenParser parser(path.c_str(), false);
+            CLexTokenBlock root;
+            EXPECT_TRUE(parser.DoParse(root) || failed());
+            seen_token = seen_token || parser.GetErrorMessage() == test.token_message;
+            seen_entry = seen_entry || parser.GetErrorMessage() == test.entry_message;
+        });
+        EXPECT_TRUE(seen_token);
+        EXPECT_TRUE(seen_entry);
+    }
+}
+
+TEST(TreeFailure, ClosingCommentIsAddedOrNothingIsWritten) {
+    const TempDir folder;
+    const std::string path = folder.path("out.txt");
+    CLexTokenBlock source = node("Root", eGrammerBlock);
+    source.AddBlock(assignment("x", 1));
+    const CLexTokenBlock fresh;
+    sweep_allocation_failures([&](auto failed) {
+        CLexTokenBlock root(source);
+        const bool whole = same(root, source);
+        const bool done = bt_output_file(path.c_str(), root, false);
+        EXPECT_TRUE(done ? !whole || root.GetBlockCount() == 2 : failed());
+    });
+}
+
 TEST(TreeFailure, WriteIsTrueForTheWholeTextOnly) {
     const TempDir folder;
     const std::string path = folder.path("out.txt");
