@@ -19,9 +19,13 @@ constexpr const char* kNoRole = "%s : Stream %s is not parsed.\n";
 void add_message(CExtString& information, const char* format, ...) {
     va_list args;
     va_start(args, format);
+    add_message_v(information, format, args);
+    va_end(args);
+}
+
+void add_message_v(CExtString& information, const char* format, va_list args) {
     CExtString message;
     message.FormatV(format, args);
-    va_end(args);
     information += message;
 }
 

@@ -1,6 +1,7 @@
 // The one place that reads tokens out of a stream's buffer. CLexicalAnalyzer and the parser both stand on it.
 #pragma once
 
+#include <cstdarg>
 #include <optional>
 
 #include "orvil/tokens/lex_token.h"
@@ -12,6 +13,7 @@ namespace orvil::detail {
 
 // Formats a message and appends it to the others.
 void add_message(CExtString& information, const char* format, ...) ORVIL_PRINTF(2, 3);
+void add_message_v(CExtString& information, const char* format, va_list args);
 
 // Reads lexemes. Every operation begins at the stream's position and leaves the stream behind what it consumed; what it
 // collected is in lexeme(), and stays valid until the stream's buffer changes.

@@ -97,10 +97,8 @@ bool CLexicalAnalyzer::AddInfo(const char* format, ...) {
     }
     va_list args;
     va_start(args, format);
-    CExtString message;
-    message.FormatV(format, args);
+    orvil::detail::add_message_v(information_, format, args);
     va_end(args);
-    information_ += message;
     return true;
 }
 

@@ -1,7 +1,6 @@
 // Each allocating operation with each of its allocations refused.
 #include <gtest/gtest.h>
 
-#include <cstdarg>
 #include <cstdio>
 #include <string>
 
@@ -14,6 +13,7 @@
 
 using orvil::detail::booked_buffer_bytes;
 using orvil::test::has_buffer;
+using orvil::test::parse_part;
 using orvil::test::StringProbe;
 using orvil::test::sweep_allocation_failures;
 
@@ -255,18 +255,6 @@ TEST(ExtStringFailure, AFormatLeavesAnEmptyStringAndGivesZero) {
             EXPECT_EQ(is_null(s), failed);
         });
 }
-
-namespace {
-
-bool parse_part(CExtString& out, EFT kind, ...) {
-    va_list args;
-    va_start(args, kind);
-    const bool accepted = gExtFormat_ParseParts(out, kind, args);
-    va_end(args);
-    return accepted;
-}
-
-}  // namespace
 
 TEST(ExtStringFailure, AValueByKindGivesFalse) {
     sweep(

@@ -236,24 +236,12 @@ TEST(ExtFormatKinds, NullTextsAndFormatsGiveAnEmptyTextAndTakeTheirSlots) {
     expect_parsed(parse(18, kNull, 5.0, 99), "0:");
 }
 
-namespace {
-
-bool parse_into(CExtString& out, EFT kind, ...) {
-    va_list args;
-    va_start(args, kind);
-    const bool accepted = gExtFormat_ParseParts(out, kind, args);
-    va_end(args);
-    return accepted;
-}
-
-}  // namespace
-
 TEST(ExtFormatKinds, TheTargetsOwnTextMayBeTheValueOrTheFormat) {
     CExtString s("own text");
-    EXPECT_TRUE(parse_into(s, EFT_TEXT, s.GetString() + 4));
+    EXPECT_TRUE(orvil::test::parse_part(s, EFT_TEXT, s.GetString() + 4));
     EXPECT_EQ(counted(s), "4:text");
     s = "%d!";
-    EXPECT_TRUE(parse_into(s, EFT_FORMATTED_SHORT, s.GetString(), 5));
+    EXPECT_TRUE(orvil::test::parse_part(s, EFT_FORMATTED_SHORT, s.GetString(), 5));
     EXPECT_EQ(counted(s), "2:5!");
 }
 

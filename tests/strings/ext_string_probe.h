@@ -1,6 +1,7 @@
 // Opens what CExtString protects, for tests.
 #pragma once
 
+#include <cstdarg>
 #include <cstring>
 #include <string>
 
@@ -28,6 +29,15 @@ public:
     using CExtString::capacity_;
     using CExtString::length_;
 };
+
+// gExtFormat_ParseParts() for the arguments given.
+inline bool parse_part(CExtString& out, EFT kind, ...) {
+    va_list args;
+    va_start(args, kind);
+    const bool accepted = gExtFormat_ParseParts(out, kind, args);
+    va_end(args);
+    return accepted;
+}
 
 inline int capacity_of(const CExtString& string) {
     int capacity = 0;

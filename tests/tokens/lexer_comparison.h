@@ -53,6 +53,21 @@ void compare_tokens(MemoryStream& stream, NaiveStream& naive, Next next, NaiveNe
     }
 }
 
+// The naive side of a comparison: one lexer for all tokens, or a fresh one for each.
+inline auto one_naive_lexer(NaiveLexer& lexer) {
+    return [&lexer](NaiveToken& token, std::string& information) {
+        const bool result = lexer.analyze(token);
+        information = lexer.information;
+        return result;
+    };
+}
+inline auto fresh_naive_lexers(NaiveStream& naive) {
+    return [&naive](NaiveToken& token, std::string& information) {
+        NaiveLexer lexer(naive);
+        return one_naive_lexer(lexer)(token, information);
+    };
+}
+
 // A fresh analyser for each token.
 inline void compare_fresh_analyzers(const std::string& bytes, LeadPredicate is_lead,
                                     ETransDirection direction = eTransRead) {
@@ -66,12 +81,7 @@ inline void compare_fresh_analyzers(const std::string& bytes, LeadPredicate is_l
             information = analyzer.GetInformation();
             return result;
         },
-        [&naive](NaiveToken& token, std::string& information) {
-            NaiveLexer lexer(naive);
-            const bool result = lexer.analyze(token);
-            information = lexer.information;
-            return result;
-        });
+        fresh_naive_lexers(naive));
 }
 
 // One analyser for all tokens: after a failure inside a string it is still inside it.
@@ -87,11 +97,7 @@ inline void compare_one_analyzer(const std::string& bytes, LeadPredicate is_lead
             information = analyzer.GetInformation();
             return result;
         },
-        [&lexer](NaiveToken& token, std::string& information) {
-            const bool result = lexer.analyze(token);
-            information = lexer.information;
-            return result;
-        });
+        one_naive_lexer(lexer));
 }
 
 // Texts made of the pieces that matter to the analysis.

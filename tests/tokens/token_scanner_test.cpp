@@ -21,12 +21,7 @@ void compare_scanner(const std::string& bytes) {
             information = scanner.information();
             return result;
         },
-        [&naive](NaiveToken& token, std::string& information) {
-            NaiveLexer lexer(naive);
-            const bool result = lexer.analyze(token);
-            information = lexer.information;
-            return result;
-        });
+        fresh_naive_lexers(naive));
 }
 
 }  // namespace
