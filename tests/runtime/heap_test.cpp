@@ -10,3 +10,12 @@ TEST(HeapStatistics, ALargeRequestRaisesTheMarkAndASmallerReallocationKeepsIt) {
     EXPECT_EQ(st_dwMoreLargeSize, mark);
     orv_heap_free(block);
 }
+
+TEST(HeapStatistics, AByteMoreRaisesTheMarkByOne) {
+    orv_heap_free(orv_heap_alloc(123456));
+    const auto mark = st_dwMoreLargeSize;
+    void* block = orv_heap_alloc(mark + 1);
+    EXPECT_EQ(st_dwMoreLargeSize, mark + 1);
+    orv_heap_free(orv_heap_realloc(block, mark + 2));
+    EXPECT_EQ(st_dwMoreLargeSize, mark + 2);
+}

@@ -27,6 +27,7 @@ TEST(StrCaseCmp, NullIsTheEmptyText) {
 TEST(StrNCaseCmp, TheLimitEndsTheComparison) {
     EXPECT_EQ(st_ImpFunc_strncasecmp("abcX", "ABCy", 3), 0);
     EXPECT_LT(st_ImpFunc_strncasecmp("abcX", "ABCy", 4), 0);
+    EXPECT_LT(st_ImpFunc_strncasecmp("a", "B", 1), 0);
     EXPECT_EQ(st_ImpFunc_strncasecmp("abc", "ABC", 2147483647), 0);
 }
 

@@ -306,6 +306,18 @@ TEST(ContainerFailure, BracketsWithoutMemoryGiveASpareValue) {
     EXPECT_EQ(numbers.GetCount(), 0);
 }
 
+TEST(ContainerFailure, SpareValueIsEmptyEachTime) {
+    CExtStrHash texts;
+    CExtString* spare = nullptr;
+    {
+        const AllocationFailure failure(1, true);
+        spare = &texts["a"];
+    }
+    *spare = "left behind";
+    const AllocationFailure failure(1, true);
+    EXPECT_TRUE(texts["b"].IsEmpty());
+}
+
 TEST(ContainerFailure, SnapshotWithoutMemoryIsNotOpen) {
     CExtStrHash hash("a", "1", kEnd);
     const AllocationFailure failure(1, true);

@@ -88,6 +88,9 @@ TEST(ExtStrHashCreate, LastKeyWithoutAValueGetsAnEmptyOne) {
     EXPECT_EQ(pairs(hash), "[a][~]");
     EXPECT_TRUE(hash.CreateFromStringArray(texts, 3));
     EXPECT_EQ(pairs(hash), "[a][1][b][~]");
+    const char* const behind[] = {"a", nullptr, "b", "2", nullptr};
+    EXPECT_TRUE(hash.CreateFromStringArray(behind, -1));
+    EXPECT_EQ(pairs(hash), "[a][~]");
     EXPECT_TRUE(hash.CreateFromStrings("a", kEnd));
     EXPECT_EQ(pairs(hash), "[a][~]");
 }

@@ -359,6 +359,7 @@ TEST(ExtStrListFromArray, ResultIsTrueWhateverIsCopied) {
     CExtStrList list;
     EXPECT_TRUE(list.CreateFromArrayObject(CExtStrArray(), 0, 3));
     EXPECT_TRUE(list.CreateFromArrayObject(CExtStrArray("a", kEnd), 5, 2));
+    EXPECT_TRUE(list.CreateFromArrayObject(CExtStrArray("a", kEnd), 0, 0));
     EXPECT_TRUE(list.CreateFromArrayObject(CExtStrArray("a", kEnd), -3, -1));
     EXPECT_TRUE(list.CreateFromArrayObject(CExtStrArray("a", kEnd), 0, -1));
     EXPECT_EQ(show(list), "[a]");

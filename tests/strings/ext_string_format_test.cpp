@@ -75,6 +75,15 @@ TEST(ExtStringFormat, LongTextsComeOutWhole) {
     }
 }
 
+TEST(ExtStringFormat, EveryLengthComesOutWhole) {
+    for (std::size_t length = 500; length < 530; ++length) {
+        const std::string text = std::string(length - 1, 'x') + "y";
+        CExtString s;
+        EXPECT_EQ(s.Format("%s", text.c_str()), static_cast<int>(length));
+        EXPECT_EQ(text, s.GetString());
+    }
+}
+
 TEST(ExtStringFormat, ALongTextWithAnEmbeddedZeroComesOutWhole) {
     CExtString s;
     EXPECT_EQ(s.Format("%s%c%s", letters(600).c_str(), 0, "end"), 604);

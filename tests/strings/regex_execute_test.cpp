@@ -51,6 +51,12 @@ TEST_F(RegexExecute, NoMatchGivesMinusOne) {
     EXPECT_EQ(run("/x/", "abc"), -1);
 }
 
+TEST_F(RegexExecute, NoMatchLeavesNoPair) {
+    EXPECT_EQ(run("/a(x)/", "abc"), -1);
+    EXPECT_EQ(ovector[0], -1);
+    EXPECT_EQ(ovector[1], -1);
+}
+
 TEST_F(RegexExecute, VectorTooSmallGivesZero) {
     int pairs[3] = {-7, -7, -7};
     void* handle = regex_compile("/(a)(b)/");

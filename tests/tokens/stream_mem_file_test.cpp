@@ -230,6 +230,15 @@ TEST_F(OpenStreams, WritingRefusesAFileThatIsReadOnly) {
     EXPECT_EQ(read_file(path), "old");
 }
 
+#ifndef _WIN32
+TEST_F(OpenStreams, WritingRefusesAFileThatIsNotReadable) {
+    const std::string path = folder.write("f", "old");
+    std::filesystem::permissions(path, std::filesystem::perms::owner_write);
+    CStreamMemFile stream(eTransWrite, 4096);
+    EXPECT_FALSE(stream.OpenFile(path.c_str()));
+}
+#endif
+
 TEST_F(OpenStreams, WritingTouchesNoFileBeforeWriteFile) {
     const std::string path = folder.path("new");
     CStreamMemFile stream(eTransWrite, 4096);
@@ -248,9 +257,11 @@ TEST_F(OpenStreams, WritingNeedsAGrowUnit) {
 
 TEST_F(OpenStreams, ClosingForgetsEverythingButTheErrorText) {
     CStreamMemFile stream(eTransRead, 4096);
-    const std::string path = folder.write("f", "");
+    const std::string path = folder.write("f", "a");
     ASSERT_TRUE(stream.OpenFile(path.c_str()));
     get(stream);
+    get(stream);
+    ASSERT_EQ(counters(stream), "0:0");
     EXPECT_TRUE(stream.CloseFile());
     EXPECT_STREQ(stream.GetFilePath(), "");
     EXPECT_EQ(counters(stream), "-1:-1");
