@@ -76,6 +76,15 @@ TEST(PrivateHeap, ThereIsNone) {
     EXPECT_EQ(heap_create(), nullptr);
 }
 
+TEST(PrivateHeap, WithoutOneNothingIsGiven) {
+    char block[8];
+    heap_enable_low_fragmentation(nullptr);
+    EXPECT_EQ(heap_alloc(nullptr, 8), nullptr);
+    EXPECT_EQ(heap_realloc(nullptr, block, 8), nullptr);
+    heap_free(nullptr, block);
+    EXPECT_EQ(heap_destroy(nullptr), 0u);
+}
+
 #endif
 
 TEST(PrivateHeapPolicy, NoHeapHasNone) {

@@ -175,6 +175,14 @@ TEST(BtMaster, ClearsANodeWithContentFirst) {
     EXPECT_EQ(block.AddBlock(assignment("x", 1)), 1);
 }
 
+TEST(BtMaster, NodeThatHangsInATreeIsClearedLikeAnyOther) {
+    CLexTokenBlock root = named_root();
+    CLexTokenBlock* child = root.GetAt(0);
+    EXPECT_TRUE(bt_make_master_block(*child, "view.txt", ""));
+    EXPECT_EQ(describe(*child), "B n:view.txt[c:/******/\\0A/******/\\0A]");
+    EXPECT_EQ(child->GetParentBlock(), nullptr);
+}
+
 TEST(BtMaster, PathAndCommentMayBeTextsOfTheBlock) {
     CLexTokenBlock block = node("view.txt", eGrammerBlock);
     block.AddToken(token("A view", eTokenString));

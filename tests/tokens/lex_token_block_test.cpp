@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 
 #include "tokens/tree_support.h"
 
@@ -245,6 +246,14 @@ TEST(LexTokenBlockChildren, DeleteAllBlocksClearsFormClosedAndParentButNotTheTok
     EXPECT_EQ(inner->AddToken(token("x", eTokenSymbol)), 0);
     EXPECT_EQ(root.GetAt(0), inner);
     EXPECT_TRUE(CLexTokenBlock().DeleteAllBlocks());
+}
+
+TEST(LexTokenBlockLife, NodesAreMadeAndDeletedByThePlainAndByTheQuietOperators) {
+    void* memory = CLexTokenBlock::operator new(sizeof(CLexTokenBlock), std::nothrow);
+    ASSERT_NE(memory, nullptr);
+    CLexTokenBlock::operator delete(memory, std::nothrow);
+    const std::unique_ptr<CLexTokenBlock> block(new (std::nothrow) CLexTokenBlock(assignment("x", 1)));
+    EXPECT_EQ(describe(*block), "A! n:x[m:= d:1 m:;]");
 }
 
 // --- insertion
