@@ -84,6 +84,7 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"CarriageReturnInAString", "x = \"a\rb\";\n", 0, ": 1 entry\n", ""},
         Case{"HighByteInAString", "x = \"\xE9\";\n", 0, ": 1 entry\n", ""},
         Case{"CommentBehindAName", "x /* y */ = 1;\n", 0, ": 1 entry\n", ""},
+        Case{"SeveralThingsBehindAName", "x /* y */ '' // z\n = 1;\n", 0, ": 1 entry\n", ""},
         Case{"LoneDelimiter", "x = 1;;\n", 0, ": 2 entries\n", ":1:7: warning: expected an entry, found ';'\n"},
         Case{"LoneClosingBrace", "}\n", 0, ": 1 entry\n", ":1:1: warning: expected an entry, found '}'\n"},
         Case{"HundredThousandBlocksDeep", repeated("x{", 100000) + repeated("}", 100000), 0, ": 1 entry\n", ""}),
@@ -113,6 +114,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"UnknownEscape", "x = \"a\\qb\";\n", 1, "",
                          ":1:7: expected one of \\\" \\' \\\\ \\n \\r \\t, found '\\q' "
                          "(FilePos(0,2) : EscapeSequence<\\q> is not format.)\n"},
+                    Case{"UnknownEscapeBehindAName", "x = 1;\ny \\q\n", 1, "",
+                         ":2:3: expected one of \\\" \\' \\\\ \\n \\r \\t, found '\\q' "
+                         "(FilePos(1,7) : EscapeSequence<\\q> is not format.)\n"},
                     Case{"HighByte", "x = \\\\\xE9;\n", 1, "",
                          ":1:7: expected a plain character outside of a string, found '\\xE9' "
                          "( : Stream \\xE9 is not parsed.)\n"},
@@ -156,6 +160,14 @@ TEST(OrvilCheck, WarningsComeInTheFilesOrder) {
                   path + ":1:1:" + warning + "an entry, found ';'\n" + path + ":1:10:" + warning + "\\', found '''\n" +
                       path + ":2:1:" + warning + "an entry, found ';'\n" + path + ":2:10:" + warning +
                       "\\', found '''\n");
+}
+
+TEST(OrvilCheck, StrayComesBeforeWhatIsLeftOutOfIt) {
+    const TempDir folder;
+    const std::string path = folder.write("x.cfg", "-\0 \n"s);
+    expect_result(orvil_program({"check", path}), 0, path + ": 1 entry\n",
+                  path + ":1:1: warning: expected an entry, found '-'\n" + path +
+                      ":1:2: warning: expected a character that is kept, found '\\x00'\n");
 }
 
 TEST(OrvilCheck, LongTextsAreCutInMessages) {

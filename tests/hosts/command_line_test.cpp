@@ -21,6 +21,10 @@ TEST(OrvilCommandLine, HelpListsTheCommands) {
     expect_result(orvil_program({"--help"}), 0, help, "");
 }
 
+TEST(OrvilCommandLine, HelpIsACommandToo) {
+    expect_result(orvil_program({"help"}), 0, orvil_program({"--help"}).out, "");
+}
+
 TEST(OrvilCommandLine, EachCommandHasItsHelp) {
     for (const std::string command : {"check", "tree", "get", "format", "new"}) {
         const ProgramResult result = orvil_program({command, "--help"});

@@ -104,6 +104,15 @@ TEST(OrvilFormat, BoxWhoseRulesDifferIsAComment) {
               dressed("out.cfg", "// old.cfg : \r\n" + box + "x = 1;\r\n"));
 }
 
+TEST(OrvilFormat, BoxBelowALineWithoutANameIsAComment) {
+    const std::string box =
+        "// : \r\n"
+        "/*********/\r\n"
+        "/*  Me   */\r\n"
+        "/*********/\r\n";
+    EXPECT_EQ(format_to_text(box + "x = 1;"), dressed("out.cfg", box + "x = 1;\r\n"));
+}
+
 TEST(OrvilFormat, TargetMayBeTheFileItself) {
     const TempDir folder;
     const std::string path = folder.write("x.cfg", "x=1;");

@@ -59,18 +59,22 @@ TEST_P(OrvilNewValue, ReadsBack) {
 
 INSTANTIATE_TEST_SUITE_P(
     Kinds, OrvilNewValue,
-    testing::Values(
-        Case{"SignedDecimal", "+7", "Decimal 7"}, Case{"LeastDecimal", "-2147483648", "Decimal -2147483648"},
-        Case{"LargestDecimal", "2147483647", "Decimal 2147483647"},
-        Case{"LargestHexaDecimal", "0xFFFFFFFF", "HexaDecimal 0xFFFFFFFF"},
-        Case{"Exponent", "1e5", "Double 100000.000000"}, Case{"PointFirst", ".5", "Double 0.500000"},
-        Case{"SevenDigits", "0.1234567", "Double 0.123456700"}, Case{"LeadingZero", "007", "String \"007\""},
-        Case{"SeveralPoints", "1.2.3", "String \"1.2.3\""}, Case{"ExponentWithoutDigits", "1e", "String \"1e\""},
-        Case{"BarePrefix", "0x", "String \"0x\""}, Case{"HexaDecimalDigitsWithoutPrefix", "FF", "String \"FF\""},
-        Case{"LowerCaseOn", "on", "String \"on\""}, Case{"LeadingBlank", " 5", "String \" 5\""},
-        Case{"Blanks", "a  b", "String \"a  b\""}, Case{"EqualsSign", "a=b", "String \"a=b\""},
-        Case{"Percent", "100%d", "String \"100%d\""}, Case{"Delimiters", "};//", "String \"};//\""},
-        Case{"Backslashes", "c:\\new\\", "String \"c:\\\\new\\\\\""}, Case{"Apostrophe", "it's", "String \"it\\'s\""}),
+    testing::Values(Case{"SignedDecimal", "+7", "Decimal 7"},
+                    Case{"LeastDecimal", "-2147483648", "Decimal -2147483648"},
+                    Case{"LargestDecimal", "2147483647", "Decimal 2147483647"},
+                    Case{"LargestHexaDecimal", "0xFFFFFFFF", "HexaDecimal 0xFFFFFFFF"},
+                    Case{"Exponent", "1e5", "Double 100000.000000"}, Case{"PointFirst", ".5", "Double 0.500000"},
+                    Case{"SevenDigits", "0.1234567", "Double 0.123456700"},
+                    Case{"TwelveDigits", "0.123456789012", "Double 0.123456789012"},
+                    Case{"LargestWithoutExponent", "999999999999999.0", "Double 999999999999999.000000"},
+                    Case{"LeadingZero", "007", "String \"007\""}, Case{"SeveralPoints", "1.2.3", "String \"1.2.3\""},
+                    Case{"ExponentWithoutDigits", "1e", "String \"1e\""}, Case{"BarePrefix", "0x", "String \"0x\""},
+                    Case{"HexaDecimalDigitsWithoutPrefix", "FF", "String \"FF\""},
+                    Case{"LowerCaseOn", "on", "String \"on\""}, Case{"LeadingBlank", " 5", "String \" 5\""},
+                    Case{"Blanks", "a  b", "String \"a  b\""}, Case{"EqualsSign", "a=b", "String \"a=b\""},
+                    Case{"Percent", "100%d", "String \"100%d\""}, Case{"Delimiters", "};//", "String \"};//\""},
+                    Case{"Backslashes", "c:\\new\\", "String \"c:\\\\new\\\\\""},
+                    Case{"Apostrophe", "it's", "String \"it\\'s\""}),
     [](const auto& test) { return std::string(test.param.situation); });
 
 class OrvilNewMisuse : public testing::TestWithParam<std::pair<const char*, const char*>> {};
@@ -120,6 +124,13 @@ TEST(OrvilNew, TargetInAMissingFolderCannotBeWritten) {
     const TempDir folder;
     const std::string out = folder.path("none/out.cfg");
     expect_result(make_new(out, {"x=1"}), 1, "", "orvil: " + out + " cannot be written\n");
+}
+
+TEST(OrvilNew, LargeDoubleIsWrittenWithAnExponent) {
+    const TempDir folder;
+    const std::string out = folder.path("made.cfg");
+    expect_result(make_new(out, {"x=1e15"}), 0, "", "");
+    EXPECT_EQ(orvil_program({"get", out, "x"}).out.find("Double 1.000000000000000e+"), 0U);
 }
 
 TEST(OrvilNew, SmallestDoubleKeepsItsValue) {
