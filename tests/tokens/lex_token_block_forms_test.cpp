@@ -159,10 +159,10 @@ TEST(AssignmentForm, FormattedTextsOfEveryLengthAreWhole) {
 
 TEST(AssignmentForm, FormatThatCannotBeFollowedIsRefused) {
     CLexTokenBlock value = assignment("x", 1);
-    EXPECT_FALSE(value.SetupAssignmentDecimal("y", 0x7FFFFFFF, "7%lc")) << "there is no such character";
+    EXPECT_FALSE(value.SetupAssignmentDecimal("y", 0x7FFFFFFF, "x%lc")) << "there is no such character";
     EXPECT_EQ(describe(value), "0:");
-    EXPECT_FALSE(bt_add_block_assign(value, "y", 0x7FFFFFFF, "7%lc"));
-    EXPECT_FALSE(bt_add_listing_item(value, 0x7FFFFFFF, "7%lc"));
+    EXPECT_FALSE(bt_add_block_assign(value, "y", 0x7FFFFFFF, "x%lc"));
+    EXPECT_FALSE(bt_add_listing_item(value, 0x7FFFFFFF, "x%lc"));
     EXPECT_EQ(describe(value), "0:");
 }
 
