@@ -120,6 +120,9 @@ public:
         return element;
     }
 
+    /// @return where the slots stand, or null: for asking the processor to fetch what lies near
+    const void* Slots() const { return Base::slots_; }
+
     /// Releases the slots of an array whose size is 0. Otherwise nothing happens.
     void ReleaseSlots() {
         if (Base::size_ == 0) {
