@@ -86,17 +86,19 @@ bool BlockPool::is_full(const Page* page) {
 
 // The block that was freed last is the likeliest to be in the processor's caches. Pages are listed as long as they have
 // room, so behind the hint and what has not been carved there is a freed block for sure.
-void* BlockPool::take_block(Page* page) {
+void* BlockPool::take_block(Page* page, bool cleared) {
     unsigned char* block;
     if (page->freed[page->hint] == 0 && page->carved + page->block_size <= kPageSize) {
         block = reinterpret_cast<unsigned char*>(page) + page->carved;
         page->carved += page->block_size;
-        if (!page->clean) {
+        if (cleared && !page->clean) {
             clear(block, page->block_size);
         }
     } else {
         block = take_freed(page);
-        clear(block, page->block_size);
+        if (cleared) {
+            clear(block, page->block_size);
+        }
     }
     ++page->living;
     if (is_full(page)) {

@@ -30,17 +30,10 @@ public:
     BlockPool& operator=(const BlockPool&) = delete;
 
     // A zero-filled block of `size` bytes, 0 to kLargestBlock; null when the source yields nothing.
-    void* allocate(std::size_t size) {
-        const std::size_t index = class_of(size);
-        Page* page = available_[index];
-        if (page == nullptr) {
-            page = open_page(index);
-            if (page == nullptr) {
-                return nullptr;
-            }
-        }
-        return take_block(page);
-    }
+    void* allocate(std::size_t size) { return take(size, true); }
+
+    // The same with undefined content.
+    void* allocate_dirty(std::size_t size) { return take(size, false); }
 
     // Takes a block of this pool back.
     void release(void* block);
@@ -106,8 +99,19 @@ private:
     static std::uint32_t index_of(const Page* page, const void* block);
     static bool is_full(const Page* page);
 
+    void* take(std::size_t size, bool cleared) {
+        const std::size_t index = class_of(size);
+        Page* page = available_[index];
+        if (page == nullptr) {
+            page = open_page(index);
+            if (page == nullptr) {
+                return nullptr;
+            }
+        }
+        return take_block(page, cleared);
+    }
     Page* open_page(std::size_t index);
-    void* take_block(Page* page);
+    void* take_block(Page* page, bool cleared);
     static unsigned char* take_freed(Page* page);
     void list(Page*& head, Page* page);
     void unlist(Page*& head, Page* page);

@@ -138,6 +138,11 @@ void trim_heap() {
 
 void* allocate_node(std::size_t size) {
     ensure_heap();
+    return is_plain() || size > BlockPool::kLargestBlock ? std::malloc(size) : nodes.allocate_dirty(size);
+}
+
+void* allocate_cleared(std::size_t size) {
+    ensure_heap();
     return is_plain() || size > BlockPool::kLargestBlock ? std::calloc(1, size) : nodes.allocate(size);
 }
 

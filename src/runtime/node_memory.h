@@ -8,8 +8,11 @@
 
 namespace orvil::detail {
 
-// A zero-filled block, or null.
+// A block with undefined content, or null.
 void* allocate_node(std::size_t size);
+
+// A zero-filled block, or null.
+void* allocate_cleared(std::size_t size);
 
 // Moves a block of `held` bytes into a larger one of `size`, whose new bytes hold anything. Null when there is no
 // memory; then the block is as it was.

@@ -14,7 +14,7 @@ std::size_t RuntimeSlots::Reserve(int capacity) {
 }
 
 void* RuntimeSlots::Allocate(int capacity) {
-    return allocate_node(Reserve(capacity) * sizeof(void*));
+    return allocate_cleared(Reserve(capacity) * sizeof(void*));
 }
 
 void* RuntimeSlots::Grow(void* block, int from, int to) {

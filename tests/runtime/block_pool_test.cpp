@@ -80,6 +80,18 @@ TEST_F(BlockPoolTest, AFreedBlockComesBackZeroed) {
     pool.release(keeper);
 }
 
+TEST_F(BlockPoolTest, ADirtyBlockIsTakenLikeAnyOther) {
+    void* keeper = pool.allocate_dirty(96);
+    void* block = pool.allocate_dirty(96);
+    std::memset(block, 0xAA, 96);
+    pool.release(block);
+    EXPECT_EQ(pool.allocate_dirty(96), block);
+    pool.release(block);
+    EXPECT_TRUE(all_zero(pool.allocate(96), 96));
+    pool.release(block);
+    pool.release(keeper);
+}
+
 TEST_F(BlockPoolTest, FreedBlocksOfAFullPageAreAllTakenAgain) {
     std::vector<void*> blocks;
     for (int i = 0; i < 1000; ++i) {
