@@ -113,7 +113,7 @@ unsigned char* BlockPool::take_freed(Page* page) {
         page->hint = (page->hint + 1) % kWords;
     }
     std::uint64_t& word = page->freed[page->hint];
-    const auto index = page->hint * 64 + static_cast<std::uint32_t>(std::countr_zero(word));
+    const std::size_t index = page->hint * std::size_t{64} + static_cast<unsigned>(std::countr_zero(word));
     word &= word - 1;
     return reinterpret_cast<unsigned char*>(page) + kFirstBlock + index * page->block_size;
 }
