@@ -3,8 +3,8 @@
 // Memory comes from a source in chunks of pages of 64 KiB, a small chunk first and larger ones then. A page serves
 // blocks of one size, carves them one behind the other and notes freed ones in a bit map of its own; blocks have no
 // headers, since a page is found by clearing the low bits of an address, and freeing touches the page's record only. A
-// page that runs empty serves any size again, and chunks that run empty go back to the source, so that what a large
-// file took is given back when its tree goes.
+// page that runs empty serves any size again. Chunks that run empty are kept for the next file up to 32 of them, 256
+// MiB; the others go back to the source.
 //
 // Nothing is locked. A pool has no destructor: it may serve objects that are destroyed after it would be.
 #pragma once

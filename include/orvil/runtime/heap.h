@@ -8,6 +8,9 @@
 /// runtime's copy of the environment. Where the private heap cannot be created (always outside Windows) the allocator
 /// falls back to mode 2, unless the variable demands 3 or 4: then every allocation yields null.
 ///
+/// Except in mode 1, memory that runs empty is kept for what comes next: up to 256 MiB of texts, and as much again of
+/// nodes of trees. The rest goes back to the system at once, this when the library is unloaded.
+///
 /// Nothing here is locked: one thread at a time.
 #pragma once
 
