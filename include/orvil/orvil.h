@@ -4,6 +4,9 @@
 
 #include "orvil/export.h"
 #include "orvil/files/file_path.h"
+#include "orvil/messages/message_files.h"
+#include "orvil/messages/message_manager.h"
+#include "orvil/messages/message_map.h"
 #include "orvil/runtime/heap.h"
 #include "orvil/strings/ext_array.h"
 #include "orvil/strings/ext_format.h"

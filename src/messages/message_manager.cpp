@@ -1,0 +1,221 @@
+#include "orvil/messages/message_manager.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "messages/message_blocks.h"
+#include "orvil/messages/message_files.h"
+#include "orvil/tokens/block_tokens.h"
+#include "platform/platform.h"
+#include "strings/array_access.h"
+#include "strings/string_access.h"
+#include "tokens/block_access.h"
+
+using orvil::detail::BlockAccess;
+using orvil::detail::kMessageFileBanner;
+using orvil::detail::kMessageMapName;
+using orvil::detail::StringAccess;
+
+namespace {
+
+constexpr int kBuckets = 61;
+constexpr int kCodesPerMap = 10000;
+constexpr unsigned kReadableAndWritable = 0x100 | 0x80;
+
+// A subject code as the key of its map.
+class CodeKey {
+public:
+    explicit CodeKey(int code) { std::snprintf(text_, sizeof(text_), "%d", code); }
+    const char* text() const { return text_; }
+
+private:
+    char text_[16];
+};
+
+// Where the code belongs among ascending ones that do not hold it.
+int place_of(const CExtStrArray& codes, int code) {
+    int from = 0;
+    int to = codes.GetSize();
+    while (from < to) {
+        const int middle = from + (to - from) / 2;
+        if (orvil::platform::parse_int32(codes.GetAt(middle)) < code) {
+            from = middle + 1;
+        } else {
+            to = middle;
+        }
+    }
+    return from;
+}
+
+// Adds a code at its place. False without memory; then nothing has changed.
+bool insert_code(CExtStrArray& codes, int place, const char* code) {
+    const int size = codes.GetSize();
+    if (place == size) {
+        codes.Add(code);
+    } else {
+        codes.Insert(place, code);
+    }
+    if (codes.GetSize() == size) {
+        return false;
+    }
+    const char* stored = codes.GetAt(place);
+    if (stored != nullptr && std::strcmp(stored, code) == 0) {
+        return true;
+    }
+    codes.Remove(place);
+    return false;
+}
+
+// Lets the key lead to the value. False without memory; then nothing has changed.
+bool set_entry(CExtStrHash& hash, const char* key, const char* value) {
+    CExtString text(value);
+    CExtString& entry = hash[key];
+    if (text.IsEmpty() || !hash.IsExistKey(key)) {
+        return false;
+    }
+    StringAccess::swap(entry, text);
+    return true;
+}
+
+// Whether there is no file that its owner may not both read and write.
+bool may_be_written(const char* path) {
+    orvil::platform::FileStatus status;
+    return !orvil::platform::file_status(path, status) || (status.mode & kReadableAndWritable) == kReadableAndWritable;
+}
+
+}  // namespace
+
+// --- construction ---------------------------------------------------------------------------------------------------
+
+CMessageManager::CMessageManager() : maps_(kBuckets), titles_(kBuckets) {
+}
+
+CMessageManager::CMessageManager(const CMessageManager& source) : CMessageManager() {
+    CopyData(source);
+}
+
+CMessageManager& CMessageManager::operator=(const CMessageManager& source) {
+    CopyData(source);
+    return *this;
+}
+
+CMessageManager::~CMessageManager() {
+    RemoveAll();
+}
+
+CMessageManager* CMessageManager::GetCopyInstance() const {
+    std::unique_ptr<CMessageManager> copy(new (std::nothrow) CMessageManager);
+    return copy != nullptr && copy->CopyData(*this) ? copy.release() : nullptr;
+}
+
+bool CMessageManager::CopyData(const CMessageManager& source) {
+    if (this == &source) {
+        return true;
+    }
+    RemoveAll();
+    for (int position = 0; position < source.GetItemCount(); ++position) {
+        if (!AddMap(*source.GetMessageMap(position))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// --- maps -----------------------------------------------------------------------------------------------------------
+
+int CMessageManager::GetItemCount() const {
+    return codes_.GetSize();
+}
+
+bool CMessageManager::AddMap(const CMessageMap& map) {
+    return SearchMessageMap(map.GetSubjectKeyCode()) == nullptr && Adopt(map, map.GetCopyInstance());
+}
+
+bool CMessageManager::Adopt(const CMessageMap& subject, CMessageMap* map) {
+    std::unique_ptr<CMessageMap> owner(map);
+    const int code = subject.GetSubjectKeyCode();
+    const CodeKey key(code);
+    if (map == nullptr || maps_.IsExistKey(key.text()) || !maps_.SetAt(key.text(), map)) {
+        return false;
+    }
+    const int place = place_of(codes_, code);
+    const bool listed = insert_code(codes_, place, key.text());
+    if (!listed || !set_entry(titles_, subject.GetSubjectKeyText(), key.text())) {
+        if (listed) {
+            codes_.Remove(place);
+        }
+        maps_.RemoveKey(key.text());
+        return false;
+    }
+    owner.release();
+    return true;
+}
+
+CMessageMap* CMessageManager::GetMessageMap(int position) const {
+    return MapOfKey(codes_.GetAt(position));
+}
+
+CMessageMap* CMessageManager::SearchMessageMap(int code) const {
+    return MapOfKey(CodeKey(code).text());
+}
+
+CMessageMap* CMessageManager::SearchMessageMap(const char* title) const {
+    return MapOfKey(titles_[title]);
+}
+
+CMessageMap* CMessageManager::MapOfKey(const char* key) const {
+    CMessageMap* map = nullptr;
+    if (key != nullptr) {
+        maps_.Lookup(key, map);
+    }
+    return map;
+}
+
+bool CMessageManager::RemoveAll() {
+    for (int position = 0; position < GetItemCount(); ++position) {
+        delete GetMessageMap(position);
+    }
+    codes_.RemoveAll();
+    maps_.RemoveAll();
+    titles_.RemoveAll();
+    return true;
+}
+
+// --- files ----------------------------------------------------------------------------------------------------------
+
+bool CMessageManager::Load(const char* path) {
+    CLexTokenBlock root;
+    if (!bt_input_file(path, root)) {
+        return false;
+    }
+    for (int i = BlockAccess::find_block(root, kMessageMapName, 0); i >= 0;
+         i = BlockAccess::find_block(root, kMessageMapName, i + 1)) {
+        std::unique_ptr<CMessageMap> map(new (std::nothrow) CMessageMap);
+        if (map != nullptr && CMessageLoader().Parse(*BlockAccess::child(root, i), *map)) {
+            const CMessageMap& subject = *map;
+            Adopt(subject, map.release());
+        }
+    }
+    return true;
+}
+
+bool CMessageManager::Store(const char* path, const char* banner) const {
+    const char* heading = banner == nullptr || *banner == '\0' ? kMessageFileBanner : banner;
+    CLexTokenBlock master;
+    bool written = may_be_written(path) && bt_make_master_block(master, path, heading);
+    for (int position = 0; written && position < GetItemCount(); ++position) {
+        written = CMessageRegister().RegistMessageMap(master, *GetMessageMap(position));
+    }
+    return written && bt_output_file(path, master, false);
+}
+
+// --- error numbers --------------------------------------------------------------------------------------------------
+
+int CMessageManager::GetFinalErrorCode(int mapCode, int messageCode) {
+    const int message = CMessageMap::IsMsgCode(messageCode) ? messageCode : 0;
+    return static_cast<int>(static_cast<std::uint32_t>(mapCode) * kCodesPerMap + static_cast<std::uint32_t>(message));
+}
