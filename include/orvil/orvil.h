@@ -4,6 +4,10 @@
 
 #include "orvil/export.h"
 #include "orvil/files/file_path.h"
+#include "orvil/geometry/plane_primitives.h"
+#include "orvil/geometry/plane_transforms.h"
+#include "orvil/geometry/scalars.h"
+#include "orvil/geometry/space_primitives.h"
 #include "orvil/messages/message_files.h"
 #include "orvil/messages/message_manager.h"
 #include "orvil/messages/message_map.h"

@@ -1,0 +1,124 @@
+// Segments and vector lines of space.
+#include "geometry/plane_math.h"
+#include "geometry/space_math.h"
+#include "orvil/geometry/space_primitives.h"
+
+static_assert(sizeof(C3DLine) == 72);
+static_assert(sizeof(C3DVectorLine) == 72);
+
+// --- segments --------------------------------------------------------------------------------------------------------
+
+C3DLine::~C3DLine() = default;
+C3DLine::C3DLine() = default;
+C3DLine::C3DLine(const C3DLine& other) = default;
+C3DLine::C3DLine(const C3DPoint& from, const C3DPoint& to) : start(from), end(to) {
+}
+C3DLine::C3DLine(double x1, double y1, double z1, double x2, double y2, double z2)
+    : start(x1, y1, z1), end(x2, y2, z2) {
+}
+C3DLine& C3DLine::operator=(const C3DLine& other) = default;
+
+bool C3DLine::SetData(const C3DLine& other) {
+    return SetData(other.start, other.end);
+}
+
+bool C3DLine::SetData(const C3DPoint& from, const C3DPoint& to) {
+    return SetData(from.x, from.y, from.z, to.x, to.y, to.z);
+}
+
+bool C3DLine::SetData(double x1, double y1, double z1, double x2, double y2, double z2) {
+    return start.SetData(x1, y1, z1) && end.SetData(x2, y2, z2);
+}
+
+double C3DLine::GetLength() const {
+    return end.GetDistance(start);
+}
+
+bool C3DLine::Compare(const C3DLine& other) const {
+    return start.Compare(other.start) && end.Compare(other.end);
+}
+
+bool C3DLine::Move(const C3DPoint& offset) {
+    const C3DPoint by = offset;
+    return start.AddPoint(by) && end.AddPoint(by);
+}
+
+bool C3DLine::Rotate(const C3DPoint& centre, double ax, double ay, double az) {
+    const C3DPoint fixed = centre;
+    return start.Rotate(fixed, ax, ay, az) && end.Rotate(fixed, ax, ay, az);
+}
+
+bool C3DLine::Stretch(const C3DPoint& base, double sx, double sy, double sz) {
+    const C3DPoint fixed = base;
+    return start.Stretch(fixed, sx, sy, sz) && end.Stretch(fixed, sx, sy, sz);
+}
+
+bool C3DLine::MatrixCalculation(const C3DMatrixItem& step) {
+    return start.MatrixCalculation(step) && end.MatrixCalculation(step);
+}
+
+CExtString C3DLine::GetDumpText() const {
+    return orvil::dump_pair("SP", start.GetDumpText(), "EP", end.GetDumpText());
+}
+
+// --- vector lines ----------------------------------------------------------------------------------------------------
+
+C3DVectorLine::~C3DVectorLine() = default;
+C3DVectorLine::C3DVectorLine() = default;
+C3DVectorLine::C3DVectorLine(const C3DVectorLine& other) = default;
+C3DVectorLine::C3DVectorLine(const C3DPoint& from, const C3DPoint& direction) : base(from), vector(direction) {
+}
+C3DVectorLine::C3DVectorLine(double bx, double by, double bz, double vx, double vy, double vz)
+    : base(bx, by, bz), vector(vx, vy, vz) {
+}
+C3DVectorLine& C3DVectorLine::operator=(const C3DVectorLine& other) = default;
+
+bool C3DVectorLine::SetData(const C3DVectorLine& other) {
+    return SetData(other.base, other.vector);
+}
+
+bool C3DVectorLine::SetData(const C3DPoint& from, const C3DPoint& direction) {
+    return SetData(from.x, from.y, from.z, direction.x, direction.y, direction.z);
+}
+
+bool C3DVectorLine::SetData(double bx, double by, double bz, double vx, double vy, double vz) {
+    return base.SetData(bx, by, bz) && vector.SetData(vx, vy, vz);
+}
+
+double C3DVectorLine::GetLength() const {
+    return orvil::length(vector.x, vector.y, vector.z);
+}
+
+bool C3DVectorLine::Compare(const C3DVectorLine& other) const {
+    return base.Compare(other.base) && vector.Compare(other.vector);
+}
+
+bool C3DVectorLine::Move(const C3DPoint& offset) {
+    return base.AddPoint(offset);
+}
+
+bool C3DVectorLine::Optimize() {
+    const double factor = GetLength();
+    return vector.SetData(vector.x * factor, vector.y * factor, vector.z * factor);
+}
+
+bool C3DVectorLine::Rotate(const C3DPoint& centre, double ax, double ay, double az) {
+    const C3DPoint fixed = centre;
+    return base.Rotate(fixed, ax, ay, az) && vector.Rotate(fixed, ax, ay, az);
+}
+
+bool C3DVectorLine::Stretch(const C3DPoint& base_point, double sx, double sy, double sz) {
+    const C3DPoint fixed = base_point;
+    return base.Stretch(fixed, sx, sy, sz) && vector.Stretch(fixed, sx, sy, sz);
+}
+
+bool C3DVectorLine::MatrixCalculation(const C3DMatrixItem& step) {
+    base.SubPoint(step.base);
+    Stretch(step.base, step.scale.x, step.scale.y, step.scale.z);
+    Rotate(C3DPoint(), 0.0, 0.0, step.angle);
+    return Move(step.move);
+}
+
+CExtString C3DVectorLine::GetDumpText() const {
+    return orvil::dump_pair("BP", base.GetDumpText(), "VP", vector.GetDumpText());
+}
