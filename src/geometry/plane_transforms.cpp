@@ -6,8 +6,6 @@
 
 static_assert(sizeof(C2DMatrixItem) == 88);
 
-template class CExtList<C2DMatrixItem>;
-
 // --- steps -----------------------------------------------------------------------------------------------------------
 
 C2DMatrixItem::~C2DMatrixItem() = default;

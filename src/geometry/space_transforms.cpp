@@ -6,8 +6,6 @@
 
 static_assert(sizeof(C3DMatrixItem) == 112);
 
-template class CExtList<C3DMatrixItem>;
-
 // --- steps -----------------------------------------------------------------------------------------------------------
 
 C3DMatrixItem::~C3DMatrixItem() = default;

@@ -49,9 +49,6 @@ public:
     bool CopyData(const C2DMatrixItem& other);
 };
 
-// The functions of these instances belong to the library, which makes and deletes the items.
-extern template class ORVIL_API CExtList<C2DMatrixItem>;
-
 /// A chain of placement steps, which it owns: a list, and a stack whose top is the tail.
 ///
 /// Steps are copied by their GetCopyInstance(), so that steps of derived classes stay what they are. Pushing and
