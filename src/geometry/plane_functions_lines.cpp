@@ -1,0 +1,122 @@
+#include "geometry/plane_vector.h"
+#include "orvil/geometry/plane_functions.h"
+
+namespace orvil {
+namespace {
+
+constexpr double kFootTolerance = 1e-6;
+// Between these squares a comparison with 1e-8 is made as stated, by a root; outside of them the squares tell.
+constexpr double kSurelyBelow = 0.5e-16;
+constexpr double kSurelyAbove = 2e-16;
+
+struct Segment {
+    PlaneVector start;
+    PlaneVector end;
+    PlaneVector span;
+    double span_squared;
+
+    Segment(const C2DPoint& a, const C2DPoint& b)
+        : start(a), end(b), span(end - start), span_squared(dot(span, span)) {}
+};
+
+// Whether |cross| / length(span) < 1e-8 for each of the two; a segment without length is parallel to all.
+bool are_parallel(const Segment& a, const Segment& b, double determinant) {
+    const double squared = determinant * determinant;
+    if (squared > kSurelyAbove * a.span_squared || squared > kSurelyAbove * b.span_squared) {
+        return false;
+    }
+    const double length_a = std::sqrt(a.span_squared);
+    const double length_b = std::sqrt(b.span_squared);
+    if (length_a == 0.0 || length_b == 0.0) {
+        return true;
+    }
+    return std::fabs(determinant) / length_a < kTolerance && std::fabs(determinant) / length_b < kTolerance;
+}
+
+bool coincide(PlaneVector v, PlaneVector w) {
+    const double squared = dot(v - w, v - w);
+    return squared < kSurelyAbove && std::sqrt(squared) < kTolerance;
+}
+
+// Whether the distance of start + offset from the infinite line is below 1e-8.
+bool is_near_line(const Segment& segment, PlaneVector offset) {
+    const double product = cross(segment.span, offset);
+    if (product * product < kSurelyBelow * segment.span_squared) {
+        return true;
+    }
+    const double span_length = std::sqrt(segment.span_squared);
+    return span_length != 0.0 && std::fabs(product) / span_length < kTolerance;
+}
+
+bool is_on(const Segment& segment, PlaneVector p) {
+    const PlaneVector from_start = p - segment.start;
+    const PlaneVector from_end = p - segment.end;
+    const bool is_between = dot(from_start, segment.span) >= 0.0 && dot(from_end, -segment.span) >= 0.0;
+    return (is_between && is_near_line(segment, from_start)) || coincide(p, segment.start) || coincide(p, segment.end);
+}
+
+// Where the infinite lines meet, each written as A x + B y = C with (A, B) = (span.y, -span.x).
+PlaneVector meeting_point(const Segment& a, const Segment& b, double determinant) {
+    const double c1 = a.start.x * a.span.y - a.start.y * a.span.x;
+    const double c2 = b.start.x * b.span.y - b.start.y * b.span.x;
+    return {(a.span.x * c2 - b.span.x * c1) / determinant, (a.span.y * c2 - b.span.y * c1) / determinant};
+}
+
+}  // namespace
+}  // namespace orvil
+
+using orvil::PlaneVector;
+
+int CA_INS2L(const C2DPoint& a1, const C2DPoint& a2, const C2DPoint& b1, const C2DPoint& b2, C2DPoint& p) {
+    const orvil::Segment a(a1, a2);
+    const orvil::Segment b(b1, b2);
+    const double determinant = orvil::cross(a.span, b.span);
+    if (orvil::are_parallel(a, b, determinant)) {
+        p.SetData(0.0, 0.0);
+        return 2;
+    }
+    const PlaneVector meeting = orvil::meeting_point(a, b, determinant);
+    orvil::assign(p, meeting);
+    return orvil::is_on(a, meeting) && orvil::is_on(b, meeting) ? 0 : 1;
+}
+
+int CA_ONLIN(const C2DPoint& a, const C2DPoint& b, const C2DPoint& p) {
+    return orvil::is_on(orvil::Segment(a, b), PlaneVector(p)) ? 0 : 1;
+}
+
+int CA_POSLN(const C2DLine& line, const C2DPoint& p, int& side) {
+    const PlaneVector span = PlaneVector(line.end) - PlaneVector(line.start);
+    if (orvil::length(span) < orvil::kTolerance) {
+        return 1;
+    }
+    // The raw product is compared, not the distance: how far off the line 1e-8 reaches depends on the line's length.
+    const double product = orvil::cross(span, PlaneVector(p) - PlaneVector(line.start));
+    side = 0;
+    if (product >= orvil::kTolerance) {
+        side = -1;
+    } else if (product <= -orvil::kTolerance) {
+        side = 1;
+    }
+    return 0;
+}
+
+int CA_PERLN(const C2DPoint& a, const C2DPoint& b, const C2DPoint& p, C2DPoint& foot, double& distance) {
+    const orvil::Segment segment(a, b);
+    const double span_length = std::sqrt(segment.span_squared);
+    if (span_length < orvil::kTolerance) {
+        distance = 0.0;
+        return -1;
+    }
+    const PlaneVector point(p);
+    const double t = orvil::cross(segment.span, point - segment.start) / segment.span_squared;
+    const PlaneVector nearest = point - t * orvil::left_of(segment.span);
+    orvil::assign(foot, nearest);
+    distance = std::fabs(t) * span_length;
+    // The raw product is compared: how far beyond an end a foot still counts as on the segment depends on its length.
+    const double beyond = orvil::dot(nearest - segment.start, nearest - segment.end);
+    return beyond <= orvil::kFootTolerance ? 0 : 1;
+}
+
+bool CA_MIRROR(const C2DPoint& p, const C2DPoint& a, const C2DPoint& b, C2DPoint& out) {
+    return orvil::reflect(p, a, b, out);
+}
