@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <cstdio>
+#include <memory>
 
 #include "heading.h"
 #include "orvil/tokens/block_tokens.h"
@@ -86,6 +87,23 @@ std::optional<std::size_t> changed_in(const std::string& path, const std::deque<
     return is_whole ? std::nullopt : std::optional(index);
 }
 
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+bool write_bytes(const std::string& path, const std::string& text) {
+    std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "wb"));
+    return file && std::fwrite(text.data(), 1, text.size(), file.get()) == text.size() &&
+           std::fclose(file.release()) == 0;
+}
+
+bool holds_bytes(const std::string& path, const std::string& text) {
+    const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "rb"));
+    std::string found(text.size() + 1, '\0');
+    return file && std::fread(found.data(), 1, found.size(), file.get()) == text.size() &&
+           found.compare(0, text.size(), text) == 0;
+}
+
 }  // namespace
 
 WriteResult write_and_verify(const std::string& target, CLexTokenBlock& master, const std::deque<CLexToken>& expected) {
@@ -103,6 +121,18 @@ WriteResult write_and_verify(const std::string& target, CLexTokenBlock& master, 
     }
     const bool replaced = replace_file(file.path().c_str(), target.c_str());
     return {replaced ? "" : target + " cannot be replaced", std::nullopt};
+}
+
+std::string write_text(const std::string& target, const std::string& text) {
+    std::string reason = why_no_target(target);
+    if (!reason.empty()) {
+        return reason;
+    }
+    const NewFileBeside file(target);
+    if (!write_bytes(file.path(), text) || !holds_bytes(file.path(), text)) {
+        return target + " cannot be written";
+    }
+    return replace_file(file.path().c_str(), target.c_str()) ? "" : target + " cannot be replaced";
 }
 
 }  // namespace orvil_host

@@ -22,4 +22,7 @@ struct WriteResult {
 // Writes a root made by bt_make_master_block(); `expected` are the tokens between its heading and its closing comment.
 WriteResult write_and_verify(const std::string& target, CLexTokenBlock& master, const std::deque<CLexToken>& expected);
 
+// Writes a text, byte for byte. Returns why there is no new file; nothing when there is.
+std::string write_text(const std::string& target, const std::string& text);
+
 }  // namespace orvil_host
