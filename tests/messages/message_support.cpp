@@ -1,6 +1,7 @@
 #include "messages/message_support.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <vector>
 
 namespace orvil::test {
@@ -34,6 +35,23 @@ MapProbe numbered_map(int count) {
         map.AddItem(code, ("t" + std::to_string(code)).c_str());
     }
     return map;
+}
+
+WriteProtection::WriteProtection(const std::string& path) : path_(path) {
+    using std::filesystem::perms;
+    std::filesystem::permissions(path_, perms::owner_write | perms::group_write | perms::others_write,
+                                 std::filesystem::perm_options::remove);
+}
+
+WriteProtection::~WriteProtection() {
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_write, std::filesystem::perm_options::add);
+}
+
+std::string usual_heading(const std::string& name) {
+    const std::string edge = "/***" + std::string(63, '*') + "***/\r\n";
+    const std::string blank = "/*  " + std::string(63, ' ') + "  */\r\n";
+    const std::string title = "/*  " + std::string(25, ' ') + "Message File." + std::string(25, ' ') + "  */\r\n";
+    return "// " + name + " : \r\n" + edge + blank + blank + title + blank + blank + edge + "\r\n";
 }
 
 std::string listed_keys(int count, int buckets) {
