@@ -12,6 +12,7 @@
 #include "orvil/messages/message_files.h"
 #include "orvil/messages/message_manager.h"
 #include "orvil/messages/message_map.h"
+#include "orvil/options/option_parser.h"
 #include "orvil/runtime/heap.h"
 #include "orvil/strings/ext_array.h"
 #include "orvil/strings/ext_format.h"

@@ -1,4 +1,5 @@
 // What happens when the library is loaded and unloaded.
+#include "orvil/options/option_parser.h"
 #include "orvil/runtime/heap.h"
 #include "orvil/strings/regex.h"
 #include "platform/platform.h"
@@ -13,6 +14,7 @@ void on_load() {
 }
 
 void on_unload() {
+    getopt_terminate();
     regex_cleanup();
     detail::destroy_private_heap();
     detail::trim_heap();
