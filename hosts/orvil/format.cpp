@@ -101,11 +101,11 @@ private:
 };
 
 ExitCode format(const Arguments& arguments) {
-    if (arguments.words.size() != 1 || arguments.value("-o").empty()) {
+    if (arguments.words.size() != 1 || arguments.value("out").empty()) {
         return misused(format_command(), "one file and -o with a file are needed");
     }
     const std::string path = arguments.words.front();
-    const std::string target = arguments.value("-o");
+    const std::string target = arguments.value("out");
     Input input;
     if (!read_input(path, input)) {
         return kFailed;
@@ -116,9 +116,9 @@ ExitCode format(const Arguments& arguments) {
                     kRefused);
     }
     Formatter formatter(path, target, input);
-    if (!formatter.may_write(arguments.has("--drop"))) {
+    if (!formatter.may_write(arguments.has("drop"))) {
         return fail(target + " is not written, as it would lose this" +
-                        (arguments.has("--drop") ? "" : "; --drop leaves out comments and plain values"),
+                        (arguments.has("drop") ? "" : "; --drop leaves out comments and plain values"),
                     kRefused);
     }
     return formatter.write();
@@ -134,10 +134,10 @@ const Command& format_command() {
         "Comments between the outermost entries are kept. Comments elsewhere, plain values inside of blocks and empty\n"
         "strings cannot be written: the first of them is named with its place, and OUT is left as it is.\n"
         "OUT is read back and compared before it takes the place of a file of that name; it may be FILE itself.\n"
-        "  -o OUT    the file to write\n"
-        "  --drop    write without what cannot be written, and say each piece\n"
+        "  -o, --out OUT    the file to write\n"
+        "  --drop           write without what cannot be written, and say each piece\n"
         "Exit codes: 0 written; 1 FILE does not read whole or OUT cannot be written; 2 something would be lost.\n",
-        {{"-o", true}, {"--drop", false}},
+        {{"out", 'o', true}, {"drop", kNoLetter, false}},
         format};
     return command;
 }

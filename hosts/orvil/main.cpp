@@ -1,5 +1,4 @@
 // The program `orvil`: looks into token-block files and writes them.
-#include <array>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -13,7 +12,9 @@ namespace {
 
 using CommandEntry = const Command& (*)();
 
-constexpr std::array<CommandEntry, 5> kCommands{check_command, tree_command, get_command, format_command, new_command};
+constexpr CommandEntry kCommands[] = {
+    check_command, tree_command, get_command, format_command, new_command,
+};
 
 const Command* find_command(const std::string& name) {
     for (CommandEntry entry : kCommands) {
@@ -48,13 +49,13 @@ ExitCode print(const std::string& text) {
 
 ExitCode run_command(const Command& command, const std::vector<std::string>& given) {
     std::vector<OptionRule> rules = command.options;
-    rules.push_back({"--help", false});
+    rules.push_back({"help", kNoLetter, false});
     Arguments arguments;
     const std::string trouble = read_arguments(given, rules, arguments);
     if (!trouble.empty()) {
         return misused(command, trouble);
     }
-    return arguments.has("--help") ? print(help_of(command)) : command.run(arguments);
+    return arguments.has("help") ? print(help_of(command)) : command.run(arguments);
 }
 
 ExitCode run(const std::vector<std::string>& given) {

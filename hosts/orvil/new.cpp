@@ -39,10 +39,10 @@ ExitCode write_block(const std::string& target, const CLexTokenBlock& block) {
 }
 
 ExitCode make_new(const Arguments& arguments) {
-    if (arguments.value("-o").empty() || arguments.words.empty()) {
+    if (arguments.value("out").empty() || arguments.words.empty()) {
         return misused(new_command(), "-o with a file, and at least one NAME=VALUE, are needed");
     }
-    const std::string block_name = arguments.value("--block", kBlockName);
+    const std::string block_name = arguments.value("block", kBlockName);
     std::string trouble = why_no_name(block_name);
     if (!trouble.empty()) {
         return misused(new_command(), trouble);
@@ -57,7 +57,7 @@ ExitCode make_new(const Arguments& arguments) {
             return misused(new_command(), trouble);
         }
     }
-    return write_block(arguments.value("-o"), block);
+    return write_block(arguments.value("out"), block);
 }
 
 }  // namespace
@@ -70,10 +70,10 @@ const Command& new_command() {
         "A value is a decimal (5, -5), a hexadecimal (0xFF), a double (1.5, 1e5), the switch On or Off, or else a\n"
         "string. Numbers have 32 bits. Words of the letters a to f only read as numbers and cannot be names.\n"
         "OUT is read back and compared before it takes the place of a file of that name.\n"
-        "  -o OUT          the file to write\n"
-        "  --block NAME    the block's name instead of Settings\n"
+        "  -o, --out OUT    the file to write\n"
+        "  --block NAME     the block's name instead of Settings\n"
         "Exit codes: 0 written; 1 OUT cannot be written; 2 OUT would not read back the same; 64 a bad name or value.\n",
-        {{"-o", true}, {"--block", true}},
+        {{"out", 'o', true}, {"block", kNoLetter, true}},
         make_new};
     return command;
 }

@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "orvil_program.h"
 
 namespace orvil::test {
@@ -60,6 +62,76 @@ TEST(OrvilCommandLine, OptionWithoutItsValueIsAMisuse) {
 TEST(OrvilCommandLine, OptionGivenTwiceIsAMisuse) {
     expect_result(orvil_program({"format", "x", "-o", "y", "-o", "z"}), 64, "",
                   "orvil: option -o is given twice\nusage: orvil format FILE -o OUT [--drop]\n");
+}
+
+TEST(OrvilCommandLine, OptionGivenTwiceInSeveralFormsIsAMisuse) {
+    expect_result(orvil_program({"format", "x", "--out=y", "-o:z"}), 64, "",
+                  "orvil: option -o is given twice\nusage: orvil format FILE -o OUT [--drop]\n");
+    expect_result(orvil_program({"new", "--block", "a", "--block=b"}), 64, "",
+                  "orvil: option --block is given twice\nusage: orvil new -o OUT [--block NAME] NAME=VALUE...\n");
+}
+
+TEST(OrvilCommandLine, UnknownOptionIsNamedAsItStands) {
+    const std::string usage = "\nusage: orvil format FILE -o OUT [--drop]\n";
+    for (const std::string option : {"-x", "-ox", "--outer", "--out=", "-1", "---", "--=x"}) {
+        expect_result(orvil_program({"format", "a", "-o", "b", "--drop", option, "c"}), 64, "",
+                      "orvil: there is no option " + option + usage);
+    }
+}
+
+TEST(OrvilCommandLine, SwitchWithAValueThatSaysNothingIsAMisuse) {
+    expect_result(orvil_program({"format", "x", "-o", "y", "--drop=maybe"}), 64, "",
+                  "orvil: value 'maybe' is not boolean symbol : name [drop]\n"
+                  "usage: orvil format FILE -o OUT [--drop]\n");
+}
+
+TEST(OrvilCommandLine, EachFormOfAValueIsTaken) {
+    const TempDir folder;
+    const std::string out = folder.path("made.cfg");
+    const std::vector<std::vector<std::string>> forms = {{"-o", out},    {"-o=" + out},    {"-o:" + out},
+                                                         {"--out", out}, {"--out=" + out}, {"--out:" + out}};
+    for (std::vector<std::string> form : forms) {
+        form.insert(form.begin(), "new");
+        form.emplace_back("x=1");
+        expect_result(orvil_program(form), 0, "", "");
+        EXPECT_TRUE(std::filesystem::remove(out));
+    }
+}
+
+// A value may begin with a dash; the option parser alone would leave the option out.
+TEST(OrvilCommandLine, ValueMayBeginWithADash) {
+    const TempDir folder;
+    expect_result(orvil_program({"new", "-o", folder.path("x"), "--block", "-", "x=1"}), 64, "",
+                  "orvil: '-' is no name: it reads as a delimiter\n"
+                  "usage: orvil new -o OUT [--block NAME] NAME=VALUE...\n");
+}
+
+TEST(OrvilCommandLine, EmptyValueIsAValue) {
+    expect_result(orvil_program({"format", "x", "-o", ""}), 64, "",
+                  "orvil: one file and -o with a file are needed\nusage: orvil format FILE -o OUT [--drop]\n");
+}
+
+TEST(OrvilCommandLine, ValueBeforeTwoDashesIsMissing) {
+    expect_result(orvil_program({"format", "-o", "--", "x"}), 64, "",
+                  "orvil: option -o needs a value\nusage: orvil format FILE -o OUT [--drop]\n");
+}
+
+// "plan" ends like "n", which the option parser alone would take for the switch's value.
+TEST(OrvilCommandLine, WordBehindASwitchIsNotItsValue) {
+    const TempDir folder;
+    expect_result(orvil_program({"format", "--drop", "no such plan", "-o", folder.path("x")}), 1, "",
+                  "orvil: Can not open source file [no such plan]\n");
+    const ProgramResult help = orvil_program({"check", "--help", "no"});
+    EXPECT_EQ(help.out, orvil_program({"check", "--help"}).out);
+}
+
+TEST(OrvilCommandLine, SwitchMayBeTurnedOff) {
+    expect_result(orvil_program({"check", "--help=no"}), 64, "",
+                  "orvil: no file is given\nusage: orvil check FILE...\n");
+}
+
+TEST(OrvilCommandLine, SingleDashIsAWord) {
+    expect_result(orvil_program({"check", "-"}), 1, "", "orvil: Can not open source file [-]\n");
 }
 
 TEST(OrvilCommandLine, BehindTwoDashesEverythingIsAWord) {
