@@ -1,10 +1,15 @@
 // Segments and vector lines of the plane.
+#include <cstddef>
+
 #include "geometry/plane_math.h"
 #include "orvil/geometry/plane_primitives.h"
 #include "orvil/geometry/plane_transforms.h"
 
-static_assert(sizeof(C2DLine) == 56);
-static_assert(sizeof(C2DVectorLine) == 56);
+// Hosts rely on the layout. Every compiler of ours supports offsetof in classes with virtual functions.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+static_assert(sizeof(C2DLine) == 56 && offsetof(C2DLine, start) == 8 && offsetof(C2DLine, end) == 32);
+static_assert(sizeof(C2DVectorLine) == 56 && offsetof(C2DVectorLine, base) == 8);
+static_assert(offsetof(C2DVectorLine, vector) == 32);
 
 // --- segments --------------------------------------------------------------------------------------------------------
 

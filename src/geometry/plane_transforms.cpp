@@ -1,10 +1,15 @@
 // Placement steps of the plane, and lists of them.
+#include <cstddef>
 #include <new>
 
 #include "geometry/matrix_list.h"
 #include "orvil/geometry/plane_transforms.h"
 
-static_assert(sizeof(C2DMatrixItem) == 88);
+// Hosts rely on the layout. Every compiler of ours supports offsetof in classes with virtual functions.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+static_assert(sizeof(C2DMatrixItem) == 88 && offsetof(C2DMatrixItem, base) == 8);
+static_assert(offsetof(C2DMatrixItem, move) == 32 && offsetof(C2DMatrixItem, scale) == 56);
+static_assert(offsetof(C2DMatrixItem, angle) == 80);
 
 // --- steps -----------------------------------------------------------------------------------------------------------
 

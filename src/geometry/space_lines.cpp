@@ -1,10 +1,15 @@
 // Segments and vector lines of space.
+#include <cstddef>
+
 #include "geometry/plane_math.h"
 #include "geometry/space_math.h"
 #include "orvil/geometry/space_primitives.h"
 
-static_assert(sizeof(C3DLine) == 72);
-static_assert(sizeof(C3DVectorLine) == 72);
+// Hosts rely on the layout. Every compiler of ours supports offsetof in classes with virtual functions.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+static_assert(sizeof(C3DLine) == 72 && offsetof(C3DLine, start) == 8 && offsetof(C3DLine, end) == 40);
+static_assert(sizeof(C3DVectorLine) == 72 && offsetof(C3DVectorLine, base) == 8);
+static_assert(offsetof(C3DVectorLine, vector) == 40);
 
 // --- segments --------------------------------------------------------------------------------------------------------
 

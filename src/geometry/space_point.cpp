@@ -1,11 +1,15 @@
 // Points of space.
 #include <cmath>
+#include <cstddef>
 
 #include "geometry/plane_math.h"
 #include "geometry/space_math.h"
 #include "orvil/geometry/space_primitives.h"
 
-static_assert(sizeof(C3DPoint) == 32);
+// Hosts rely on the layout. Every compiler of ours supports offsetof in classes with virtual functions.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+static_assert(sizeof(C3DPoint) == 32 && offsetof(C3DPoint, x) == 8);
+static_assert(offsetof(C3DPoint, y) == 16 && offsetof(C3DPoint, z) == 24);
 
 C3DPoint::~C3DPoint() = default;
 C3DPoint::C3DPoint() = default;

@@ -1,10 +1,15 @@
 // Placement steps of space, and lists of them.
+#include <cstddef>
 #include <new>
 
 #include "geometry/matrix_list.h"
 #include "orvil/geometry/space_primitives.h"
 
-static_assert(sizeof(C3DMatrixItem) == 112);
+// Hosts rely on the layout. Every compiler of ours supports offsetof in classes with virtual functions.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+static_assert(sizeof(C3DMatrixItem) == 112 && offsetof(C3DMatrixItem, base) == 8);
+static_assert(offsetof(C3DMatrixItem, move) == 40 && offsetof(C3DMatrixItem, scale) == 72);
+static_assert(offsetof(C3DMatrixItem, angle) == 104);
 
 // --- steps -----------------------------------------------------------------------------------------------------------
 
