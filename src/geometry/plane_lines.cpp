@@ -108,7 +108,7 @@ bool C2DLine::MatrixCalculation(const C2DMatrixItem& step) {
 }
 
 CExtString C2DLine::GetDumpText() const {
-    return orvil::dump_pair("SP", start.GetDumpText(), "EP", end.GetDumpText());
+    return orvil::dump_pair("SP", start, "EP", end);
 }
 
 // --- vector lines ----------------------------------------------------------------------------------------------------
@@ -173,15 +173,5 @@ bool C2DVectorLine::MatrixCalculation(const C2DMatrixItem& step) {
 }
 
 CExtString C2DVectorLine::GetDumpText() const {
-    return orvil::dump_pair("BP", base.GetDumpText(), "VP", vector.GetDumpText());
+    return orvil::dump_pair("BP", base, "VP", vector);
 }
-
-namespace orvil {
-
-CExtString dump_pair(const char* first, const CExtString& a, const char* second, const CExtString& b) {
-    CExtString text;
-    text.Format("%s:%s %s:%s", first, a.GetString(), second, b.GetString());
-    return text;
-}
-
-}  // namespace orvil

@@ -56,7 +56,14 @@ bool reflect(const C2DPoint& p, const C2DPoint& a, const C2DPoint& b, C2DPoint& 
 // radius is taken; of p.y only the sign counts. Beyond the circle the height is 0.
 double parameter_angle(const C2DPoint& p, double radius);
 
-// "first:a second:b", the form in which lines are dumped.
-CExtString dump_pair(const char* first, const CExtString& a, const char* second, const CExtString& b);
+// "first:a second:b", the form in which lines are dumped. A point whose text is empty is left out.
+template <typename Point>
+CExtString dump_pair(const char* first, const Point& a, const char* second, const Point& b) {
+    const CExtString text_a = a.GetDumpText();
+    const CExtString text_b = b.GetDumpText();
+    CExtString text;
+    text.Format("%s:%s %s:%s", first, text_a.GetString(), second, text_b.GetString());
+    return text;
+}
 
 }  // namespace orvil

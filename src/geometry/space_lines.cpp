@@ -63,7 +63,7 @@ bool C3DLine::MatrixCalculation(const C3DMatrixItem& step) {
 }
 
 CExtString C3DLine::GetDumpText() const {
-    return orvil::dump_pair("SP", start.GetDumpText(), "EP", end.GetDumpText());
+    return orvil::dump_pair("SP", start, "EP", end);
 }
 
 // --- vector lines ----------------------------------------------------------------------------------------------------
@@ -125,5 +125,5 @@ bool C3DVectorLine::MatrixCalculation(const C3DMatrixItem& step) {
 }
 
 CExtString C3DVectorLine::GetDumpText() const {
-    return orvil::dump_pair("BP", base.GetDumpText(), "VP", vector.GetDumpText());
+    return orvil::dump_pair("BP", base, "VP", vector);
 }
