@@ -1,0 +1,197 @@
+#include "params/record_set.h"
+
+#include <climits>
+#include <utility>
+
+#include "orvil/runtime/heap.h"
+#include "params/active_walks.h"
+
+namespace orvil::detail {
+namespace {
+
+constexpr int kSmallestBlock = 4;
+
+static_assert(offsetof(Record, name) == 0 && offsetof(Record, type) == 8 && offsetof(Record, flags) == 9 &&
+              offsetof(Record, value) == 16 && offsetof(Record, cache_type) == 24 && offsetof(Record, cache) == 32 &&
+              offsetof(Record, set) == 40 && offsetof(Record, link) == 48 && offsetof(Record, node) == 64 &&
+              sizeof(Record) == 96);
+
+// What stands in front of the records of a block of the pool.
+struct BlockHead {
+    void* next;
+};
+static_assert(sizeof(BlockHead) % alignof(Record) == 0);
+
+// Copies the value of an item into a record that is free.
+bool store_value(Record& record, const __aVPRESTVITEM_t& item) {
+    switch (item.type) {
+        case 'i':
+            record.value.i = item.value.i;
+            break;
+        case 'd':
+            record.value.d = item.value.d;
+            break;
+        case 's':
+            record.value.s = vpr_strdup(item.value.s == nullptr ? "" : item.value.s);
+            if (record.value.s == nullptr) {
+                return false;
+            }
+            break;
+        default:
+            return false;
+    }
+    record.type = item.type;
+    record.flags |= kInUse;
+    return true;
+}
+
+// Takes the owned texts out of a record and marks it as free.
+void empty_record(Record& record, char*& name, char*& string, char*& cache) {
+    name = std::exchange(record.name, nullptr);
+    string = record.type == 's' ? record.value.s : nullptr;
+    cache = record.cache_type == 's' ? record.cache.s : nullptr;
+    record.type = 0;
+    record.cache_type = 0;
+    record.flags = static_cast<unsigned char>(record.flags & ~kInUse);
+}
+
+}  // namespace
+
+std::uint64_t RecordKey::leading_bytes(const char* text) {
+    std::uint64_t leading = 0;
+    for (int shift = 64 - CHAR_BIT; shift >= 0 && *text != '\0'; shift -= CHAR_BIT) {
+        leading |= static_cast<std::uint64_t>(static_cast<unsigned char>(*text++)) << shift;
+    }
+    return leading;
+}
+
+RecordPlace find_place(const vpr_set_t& set, const RecordKey& key) {
+    arbt_node_t* parent = nullptr;
+    auto** link = const_cast<arbt_node_t**>(&set.tree.node);
+    while (*link != nullptr) {
+        Record* record = record_of(*link);
+        const int order = key.compare(*record);
+        if (order == 0) {
+            return {record, nullptr, nullptr};
+        }
+        parent = *link;
+        link = order < 0 ? &parent->left : &parent->right;
+    }
+    return {nullptr, parent, link};
+}
+
+Record* find_record(const vpr_set_t* set, const char* name) {
+    if (set == nullptr || name == nullptr || *name == '\0') {
+        return nullptr;
+    }
+    return find_place(*set, RecordKey(name)).record;
+}
+
+__aVPRESTVITEM_t item_of(const Record& record) {
+    __aVPRESTVITEM_t item{};
+    item.type = record.type;
+    if (record.type == 'd') {
+        item.value.d = record.value.d;
+    } else if (record.type == 's') {
+        item.value.s = record.value.s == nullptr ? "" : record.value.s;
+    } else {
+        item.value.i = record.value.i;
+    }
+    return item;
+}
+
+bool grow_pool(vpr_set_t& set) {
+    const int count = set.block_size < kSmallestBlock ? kSmallestBlock : set.block_size;
+    if (set.pool_count > INT_MAX - count) {
+        return false;
+    }
+    void* block = orv_heap_alloc(sizeof(BlockHead) + static_cast<std::size_t>(count) * sizeof(Record));
+    if (block == nullptr) {
+        return false;
+    }
+    auto* head = static_cast<BlockHead*>(block);
+    head->next = std::exchange(set.blocks, block);
+    auto* records = reinterpret_cast<Record*>(head + 1);
+    for (int i = 0; i < count; ++i) {
+        records[i].set = &set;
+        arbt_init_node(&records[i].node);
+        adl_add_tail(&set.free_list, &records[i].link);
+    }
+    set.pool_count += count;
+    return true;
+}
+
+Record* obtain_record(vpr_set_t& set, const __aVPRESTVITEM_t& item) {
+    if (set.free_list.next == nullptr || (set.free_list.next == &set.free_list && !grow_pool(set))) {
+        return nullptr;
+    }
+    Record* record = record_of(set.free_list.next);
+    if (!store_value(*record, item)) {
+        return nullptr;
+    }
+    adl_move_tail(&record->link, &set.records);
+    return record;
+}
+
+void insert_record(vpr_set_t& set, Record& record, const RecordKey& key, const RecordPlace& place) {
+    arbt_link_node(&record.node, place.parent, place.link);
+    arbt_insert_fixup(&record.node, &set.tree);
+    ++set.tree.count;
+    record.name = vpr_strdup(key.text());
+    record.leading = record.name == nullptr ? 0 : key.leading();
+}
+
+int copy_record(vpr_set_t& set, const Record& source) {
+    const RecordKey key(name_of(source));
+    const RecordPlace place = find_place(set, key);
+    Record* record = place.record != nullptr ? nullptr : obtain_record(set, item_of(source));
+    if (record == nullptr) {
+        return 1;
+    }
+    insert_record(set, *record, key, place);
+    return 0;
+}
+
+FormerTexts::FormerTexts(Record& record) {
+    delete_record(record);
+}
+
+FormerTexts::~FormerTexts() {
+    vpr_free(name_);
+    vpr_free(string_);
+    vpr_free(cache_);
+}
+
+void FormerTexts::delete_record(Record& record) {
+    ActiveWalk<Record>::leave_out(&record);
+    arbt_erase_entry(&record.node, &record.set->tree);
+    adl_move_head(&record.link, &record.set->free_list);
+    empty_record(record, name_, string_, cache_);
+}
+
+void delete_records(vpr_set_t& set) {
+    ActiveWalk<Record>::end_at([&set](const Record* record) { return record->set == &set; });
+    for (adl_link_t* link = set.records.next; link != nullptr && link != &set.records; link = link->next) {
+        Record* record = record_of(link);
+        char *name, *string, *cache;
+        empty_record(*record, name, string, cache);
+        vpr_free(name);
+        vpr_free(string);
+        vpr_free(cache);
+        arbt_init_node(&record->node);
+    }
+    adl_splice_init(&set.records, &set.free_list);
+    arbt_init_root(&set.tree);
+}
+
+void release_pool(vpr_set_t& set) {
+    while (set.blocks != nullptr) {
+        void* block = set.blocks;
+        set.blocks = static_cast<BlockHead*>(block)->next;
+        orv_heap_free(block);
+    }
+    adl_init(&set.free_list);
+    set.pool_count = 0;
+}
+
+}  // namespace orvil::detail

@@ -1,0 +1,103 @@
+#include <cstring>
+
+#include "orvil/params/typed_records.h"
+#include "params/record_set.h"
+
+using orvil::detail::FormerTexts;
+using orvil::detail::Record;
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kNoDestination = 4;
+constexpr int kNoSource = 5;
+constexpr int kNoWorkCopy = 6;
+constexpr int kInvalidType = -1;
+
+int missing_set(const vpr_set_t* dst, const vpr_set_t* src) {
+    if (dst == nullptr) {
+        return kNoDestination;
+    }
+    return src == nullptr ? kNoSource : 0;
+}
+
+bool is_valid_type(char type) {
+    return type == 'i' || type == 'd' || type == 's';
+}
+
+// Copies the records that the mask names. The separators are overwritten.
+int copy_named(vpr_set_t& dst, const vpr_set_t& src, char* mask, char separator) {
+    for (char* piece = mask; piece != nullptr;) {
+        char* end = std::strchr(piece, separator);
+        if (end != nullptr) {
+            *end = '\0';
+        }
+        const Record* record = orvil::detail::find_record(&src, piece);
+        if (record != nullptr && orvil::detail::copy_record(dst, *record) != 0) {
+            return kFailed;
+        }
+        piece = end == nullptr ? nullptr : end + 1;
+    }
+    return 0;
+}
+
+// Puts a copy of a record in the place of the one of its name.
+int update_record(vpr_set_t& dst, const Record& source) {
+    if (!is_valid_type(source.type)) {
+        return kInvalidType;
+    }
+    const orvil::detail::RecordKey key(orvil::detail::name_of(source));
+    Record* existing = orvil::detail::find_place(dst, key).record;
+    if (existing != nullptr) {
+        FormerTexts former(*existing);
+    }
+    return orvil::detail::copy_record(dst, source);
+}
+
+}  // namespace
+
+int vpr_copy(vpr_set_t* dst, const vpr_set_t* src) {
+    const int missing = missing_set(dst, src);
+    if (missing != 0) {
+        return missing;
+    }
+    vpr_clear(dst);
+    for (const adl_link_t* link = src->records.next; link != nullptr && link != &src->records; link = link->next) {
+        if (orvil::detail::copy_record(*dst, *orvil::detail::record_of(link)) != 0) {
+            return kFailed;
+        }
+    }
+    return 0;
+}
+
+int vpr_masked_copy(vpr_set_t* dst, const vpr_set_t* src, const char* mask, char separator) {
+    const int missing = missing_set(dst, src);
+    if (missing != 0) {
+        return missing;
+    }
+    if (mask == nullptr || separator == '\0') {
+        return vpr_copy(dst, src);
+    }
+    char* work_copy = vpr_strdup(mask);
+    if (work_copy == nullptr) {
+        return kNoWorkCopy;
+    }
+    vpr_clear(dst);
+    const int result = copy_named(*dst, *src, work_copy, separator);
+    vpr_free(work_copy);
+    return result;
+}
+
+int vpr_update(vpr_set_t* dst, const vpr_set_t* src) {
+    const int missing = missing_set(dst, src);
+    if (missing != 0 || dst == src) {
+        return missing;
+    }
+    for (const adl_link_t* link = src->records.next; link != nullptr && link != &src->records; link = link->next) {
+        const int result = update_record(*dst, *orvil::detail::record_of(link));
+        if (result != 0) {
+            return result;
+        }
+    }
+    return 0;
+}
