@@ -16,6 +16,7 @@ TEST(OrvilCommandLine, HelpListsTheCommands) {
         "  get       print the values of a name\n"
         "  format    write a file anew in the standard layout\n"
         "  new       make a file with one block of settings\n"
+        "  messages  list messages, look one up, or put message files together\n"
         "\n"
         "orvil COMMAND --help    more about a command\n"
         "orvil --version         the program's version\n"

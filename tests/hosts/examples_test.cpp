@@ -1,12 +1,32 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "support/run_program.h"
 #include "support/temp_dir.h"
 
 namespace orvil::test {
 namespace {
+
+TEST(Examples, ExplainErrorsFindsMapAndMessageOfEachNumber) {
+    const ProgramResult result =
+        run_program("explain_errors", {"examples/data/messages.cfg", "121001", "100", "31009"});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out,
+              "error 121001: The file cannot be read\n"
+              "note 100: Converting drawings\n"
+              "error 31009: The error is unknown\n");
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(Examples, ExplainErrorsNeedsAFile) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"examples/data/none.cfg", "5"}}) {
+        const ProgramResult result = run_program("explain_errors", arguments);
+        EXPECT_EQ(result.exit_code, 1);
+        EXPECT_EQ(result.err, "usage: explain_errors FILE NUMBER...\n");
+    }
+}
 
 TEST(Examples, ListLayersPrintsTheLayersSample) {
     const ProgramResult result = run_program("list_layers", {"examples/data/layers.cfg"});
