@@ -4,6 +4,7 @@
 
 #include "orvil/export.h"
 #include "orvil/files/file_path.h"
+#include "orvil/geometry/nurbs.h"
 #include "orvil/geometry/plane_functions.h"
 #include "orvil/geometry/plane_primitives.h"
 #include "orvil/geometry/plane_transforms.h"

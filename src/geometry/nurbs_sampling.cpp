@@ -1,0 +1,392 @@
+// A curve evaluated into segments.
+#include <algorithm>
+#include <cfloat>
+#include <cmath>
+#include <cstdint>
+#include <new>
+#include <type_traits>
+
+#include "geometry/nurbs_basis.h"
+#include "geometry/nurbs_limits.h"
+#include "geometry/scratch_array.h"
+#include "orvil/geometry/nurbs.h"
+
+namespace orvil::detail {
+namespace {
+
+// More segments than this fit into no array.
+constexpr std::int64_t kMostSegments = INT32_MAX - 17;
+
+struct WeightedPoint {
+    double x, y, z, weight;
+};
+
+struct Position {
+    double x, y, z;
+};
+
+bool is_finite(double value) {
+    return std::fabs(value) <= DBL_MAX;
+}
+
+bool is_same_knot(double left, double right) {
+    return std::fabs(left - right) < kKnotTolerance;
+}
+
+// What a curve is evaluated from, in plain arrays, and the spans that are drawn: first_span up to end_span.
+struct Curve {
+    int degree = 0;
+    int count = 0;       // control points
+    int knot_count = 0;  // those that are there; behind them stand zeros for those that control points need
+    ScratchArray<double> knots;
+    ScratchArray<WeightedPoint> points;
+    int first_span = 0;
+    int end_span = 0;
+    double last_parameter = 0;
+    bool is_end_clamped = false;
+
+    double knot(int i) const { return knots[static_cast<std::size_t>(i)]; }
+    double span_end(int span) const { return span == end_span - 1 ? last_parameter : knot(span + 1); }
+    double step(int span, int divisions) const { return (span_end(span) - knot(span)) / divisions; }
+};
+
+// A step that is no number is taken, for its samples to be refused.
+bool is_drawn(double step) {
+    return !(step < kKnotTolerance);
+}
+
+bool gather_knots(const CExtArray<double>& knots, Curve& curve) {
+    const int needed = curve.count + curve.degree + 2;
+    curve.knot_count = knots.GetSize();
+    if (!curve.knots.allocate(static_cast<std::size_t>((std::max)(needed, curve.knot_count)))) {
+        return false;
+    }
+    for (int i = 0; i < curve.knot_count; ++i) {
+        if (const double* knot = knots.GetAt(i)) {
+            curve.knots[static_cast<std::size_t>(i)] = *knot;
+        }
+    }
+    return true;
+}
+
+bool gather_points(const CExtArray<CNurbsCtrlPoint>& points, Curve& curve) {
+    if (!curve.points.allocate(static_cast<std::size_t>(curve.count))) {
+        return false;
+    }
+    for (int i = 0; i < curve.count; ++i) {
+        if (const CNurbsCtrlPoint* from = points.GetAt(i)) {
+            curve.points[static_cast<std::size_t>(i)] = {from->point.x, from->point.y, from->point.z, from->weight};
+        }
+    }
+    return true;
+}
+
+// The first span of those that may be drawn that begins at t, or has t inside; the number behind the last if there is
+// none.
+int find_span_with(const Curve& curve, double t) {
+    for (int j = curve.degree; j <= curve.count; ++j) {
+        const double from = curve.knot(j);
+        const double to = curve.knot(j + 1);
+        if (is_same_knot(from, t) || (from < t && t < to && !is_same_knot(to, t))) {
+            return j;
+        }
+    }
+    return curve.count + 1;
+}
+
+int find_knot(const Curve& curve, double t) {
+    for (int j = curve.degree; j <= curve.count; ++j) {
+        if (is_same_knot(curve.knot(j), t)) {
+            return j;
+        }
+    }
+    return -1;
+}
+
+// Whether all knots from one on are the same number.
+bool stays_equal(const Curve& curve, int from) {
+    for (int i = from; i + 1 < curve.knot_count; ++i) {
+        if (curve.knot(i) != curve.knot(i + 1)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Sets the spans to draw. Returns whether there are any.
+bool find_spans(Curve& curve) {
+    curve.last_parameter = curve.knot_count > 0 ? curve.knot(curve.knot_count - 1) : 0.0;
+    curve.first_span = find_span_with(curve, curve.knot(0));
+    curve.end_span = find_knot(curve, curve.last_parameter);
+    curve.is_end_clamped = stays_equal(curve, (std::max)(curve.end_span, 0));
+    return curve.first_span < curve.end_span;
+}
+
+std::int64_t count_segments(const Curve& curve, int divisions) {
+    std::int64_t spans = 0;
+    for (int span = curve.first_span; span < curve.end_span; ++span) {
+        spans += is_drawn(curve.step(span, divisions)) ? 1 : 0;
+    }
+    return spans * divisions;
+}
+
+bool has_finite_points(const Curve& curve) {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(curve.count); ++i) {
+        const WeightedPoint& point = curve.points[i];
+        if (!is_finite(point.x) || !is_finite(point.y) || !is_finite(point.z) || !is_finite(point.weight)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Whether each parameter lies in one span only, so that all but degree + 1 basis functions are 0: the knots that
+// control points need are all there, none decreases, and their differences are finite.
+bool has_single_spans(const Curve& curve) {
+    const int needed = curve.count + curve.degree + 1;
+    if (curve.knot_count < needed || !is_finite(curve.last_parameter - curve.knot(0))) {
+        return false;
+    }
+    for (int i = 1; i < curve.knot_count; ++i) {
+        if (!(curve.knot(i - 1) <= curve.knot(i))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The rational combination of `count` points. Returns false when the weighted sum is 0 or anything is not finite.
+template <typename Count>
+bool combine(const double* basis, const WeightedPoint* points, Count count, Position& position) {
+    double x = 0;
+    double y = 0;
+    double z = 0;
+    double sum = 0;
+    for (int i = 0; i < count; ++i) {
+        const double part = basis[i] * points[i].weight;
+        x += part * points[i].x;
+        y += part * points[i].y;
+        z += part * points[i].z;
+        sum += part;
+    }
+    position = {x / sum, y / sum, z / sum};
+    return sum != 0 && is_finite(sum) && is_finite(position.x) && is_finite(position.y) && is_finite(position.z);
+}
+
+// As combine(), for parameters at which one point alone may count. The curve is there exactly, without what multiplying
+// and dividing would round.
+template <typename Count>
+bool combine_at_knot(const double* basis, const WeightedPoint* points, Count count, Position& position) {
+    int counting = 0;
+    const WeightedPoint* last = points;
+    double last_part = 0;
+    for (int i = 0; i < count; ++i) {
+        const double part = basis[i] * points[i].weight;
+        if (part != 0) {
+            ++counting;
+            last = points + i;
+            last_part = part;
+        }
+    }
+    if (counting != 1 || !is_finite(last_part)) {
+        return combine(basis, points, count, position);
+    }
+    position = {last->x, last->y, last->z};
+    return true;
+}
+
+// Evaluates a curve whose parameters lie in one span each. They must not decrease from call to call.
+template <int Degree>
+class SpanEvaluator {
+public:
+    explicit SpanEvaluator(const Curve& curve) : curve_(curve), span_(curve.first_span) { enter(); }
+
+    bool prepare() { return true; }
+
+    // Inside of the spans. Rounding may lead to the end of one.
+    bool at(double t, Position& position) {
+        if (t >= behind_) {
+            return at_knot(t, position);
+        }
+        basis_.evaluate(t, values_);
+        return combine(values_, points_, kFunctions(), position);
+    }
+
+    // At the start or the end of a span.
+    bool at_knot(double t, Position& position) {
+        if (t == curve_.last_parameter && curve_.is_end_clamped) {
+            const double last_basis = 1.0;
+            return combine_at_knot(&last_basis, curve_.points.data() + curve_.count - 1, 1, position);
+        }
+        if (!reach(t)) {
+            return false;
+        }
+        basis_.evaluate(t, values_);
+        return combine_at_knot(values_, points_, kFunctions(), position);
+    }
+
+private:
+    using kFunctions = std::integral_constant<int, Degree + 1>;
+
+    void enter() {
+        basis_.enter(curve_.knots.data() + span_);
+        points_ = curve_.points.data() + span_ - Degree;
+        behind_ = curve_.knot(span_ + 1);
+    }
+
+    // Enters the span that t lies in. Returns false behind the last span, where every function is 0.
+    bool reach(double t) {
+        if (t < behind_) {
+            return true;
+        }
+        do {
+            if (++span_ >= curve_.end_span) {
+                return false;
+            }
+        } while (t >= curve_.knot(span_ + 1));
+        enter();
+        return true;
+    }
+
+    const Curve& curve_;
+    int span_;
+    const WeightedPoint* points_ = nullptr;  // the first that counts in the span
+    double behind_ = 0;                      // where the span ends
+    SpanBasis<Degree> basis_;
+    double values_[kMostFunctions] = {};
+};
+
+// Evaluates a curve over any knots, from all of its basis functions.
+class FullEvaluator {
+public:
+    explicit FullEvaluator(const Curve& curve) : curve_(curve) {}
+
+    bool prepare() { return values_.allocate(static_cast<std::size_t>(curve_.count + curve_.degree)); }
+
+    bool at(double t, Position& position) {
+        if (t == curve_.last_parameter) {
+            return at_knot(t, position);
+        }
+        evaluate(t);
+        return combine(values_.data(), curve_.points.data(), curve_.count, position);
+    }
+
+    bool at_knot(double t, Position& position) {
+        evaluate(t);
+        if (t == curve_.last_parameter && curve_.is_end_clamped) {
+            values_[static_cast<std::size_t>(curve_.count) - 1] = 1.0;
+        }
+        return combine_at_knot(values_.data(), curve_.points.data(), curve_.count, position);
+    }
+
+private:
+    void evaluate(double t) {
+        all_basis_functions(curve_.knots.data(), curve_.degree + 1, curve_.count, t, values_.data());
+    }
+
+    const Curve& curve_;
+    ScratchArray<double> values_;
+};
+
+// Joins each position to the one before.
+class SegmentChain {
+public:
+    explicit SegmentChain(CExtArray<C3DLine>& lines) : lines_(lines) {}
+
+    void begin(const Position& position) { last_ = position; }
+
+    bool add(const Position& next) {
+        auto* line = new (std::nothrow) C3DLine(last_.x, last_.y, last_.z, next.x, next.y, next.z);
+        if (line == nullptr || !lines_.AddAdopted(line)) {
+            delete line;
+            return false;
+        }
+        last_ = next;
+        return true;
+    }
+
+private:
+    CExtArray<C3DLine>& lines_;
+    Position last_{};
+};
+
+template <typename Evaluator>
+bool draw_span(const Curve& curve, int span, double step, int divisions, Evaluator& evaluator, SegmentChain& chain) {
+    const double from = curve.knot(span);
+    Position position;
+    for (int s = 1; s < divisions; ++s) {
+        if (!evaluator.at(from + s * step, position) || !chain.add(position)) {
+            return false;
+        }
+    }
+    return evaluator.at_knot(curve.span_end(span), position) && chain.add(position);
+}
+
+template <typename Evaluator>
+bool draw(const Curve& curve, int divisions, SegmentChain& chain) {
+    Evaluator evaluator(curve);
+    if (!evaluator.prepare()) {
+        return false;
+    }
+    bool has_begun = false;
+    for (int span = curve.first_span; span < curve.end_span; ++span) {
+        const double step = curve.step(span, divisions);
+        if (!is_drawn(step)) {
+            continue;
+        }
+        if (!has_begun) {
+            Position start;
+            if (!evaluator.at_knot(curve.knot(span), start)) {
+                return false;
+            }
+            chain.begin(start);
+            has_begun = true;
+        }
+        if (!draw_span(curve, span, step, divisions, evaluator, chain)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+using Draw = bool (*)(const Curve& curve, int divisions, SegmentChain& chain);
+constexpr Draw kDrawByDegree[] = {draw<SpanEvaluator<1>>, draw<SpanEvaluator<2>>, draw<SpanEvaluator<3>>,
+                                  draw<SpanEvaluator<4>>, draw<SpanEvaluator<5>>, draw<SpanEvaluator<6>>,
+                                  draw<SpanEvaluator<7>>};
+
+bool draw_curve(const Curve& curve, int divisions, CExtArray<C3DLine>& lines) {
+    if (count_segments(curve, divisions) > kMostSegments || !has_finite_points(curve)) {
+        return false;
+    }
+    SegmentChain chain(lines);
+    return has_single_spans(curve) ? kDrawByDegree[curve.degree - 1](curve, divisions, chain)
+                                   : draw<FullEvaluator>(curve, divisions, chain);
+}
+
+}  // namespace
+}  // namespace orvil::detail
+
+bool CCalcNurbs::CreateLines(int divisions) {
+    using namespace orvil::detail;
+    ClearLine();
+    if (dimension_ < kLowestDegree || dimension_ > kHighestDegree) {
+        return false;
+    }
+    Curve curve;
+    curve.degree = dimension_;
+    curve.count = ctrl_points_.GetSize();
+    if (divisions < 1) {
+        return true;
+    }
+    if (!gather_knots(knots_, curve) || !gather_points(ctrl_points_, curve)) {
+        return false;
+    }
+    if (!find_spans(curve) || count_segments(curve, divisions) == 0) {
+        return true;
+    }
+    if (!draw_curve(curve, divisions, lines_)) {
+        ClearLine();
+        return false;
+    }
+    return true;
+}
