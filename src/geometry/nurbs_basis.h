@@ -18,8 +18,10 @@ void all_basis_functions(const double* knots, int order, int count, double t, do
 template <int Degree>
 class SpanBasis {
 public:
-    // `knots` points at the knot that begins the span, of which Degree - 1 others stand before, and Degree behind the
-    // one that ends it.
+    // `knots` points at the knot that begins the span; at least Degree - 1 knots stand before it, and Degree behind it.
+    explicit SpanBasis(const double* knots) { enter(knots); }
+
+    // Goes on to another span.
     void enter(const double* knots) {
         double* divisor = divisors_;
         for (int level = 1; level <= Degree; ++level) {

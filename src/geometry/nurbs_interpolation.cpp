@@ -106,8 +106,8 @@ void FitSystem::make_equations() {
 template <int Degree>
 void FitSystem::make_inner_equations() {
     const double last = knot(size_);
-    SpanBasis<Degree> basis;
-    int entered = -1;
+    SpanBasis<Degree> basis(knots_.data() + Degree);
+    int entered = 0;
     for (int j = 1; j < fit_count_ - 1; ++j) {
         const double t = j * last / (fit_count_ - 1);
         const int first = static_cast<int>((std::min)(t, last - 1));

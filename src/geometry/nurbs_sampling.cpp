@@ -199,7 +199,10 @@ bool combine_at_knot(const double* basis, const WeightedPoint* points, Count cou
 template <int Degree>
 class SpanEvaluator {
 public:
-    explicit SpanEvaluator(const Curve& curve) : curve_(curve), span_(curve.first_span) { enter(); }
+    explicit SpanEvaluator(const Curve& curve)
+        : curve_(curve), span_(curve.first_span), basis_(curve.knots.data() + span_) {
+        enter();
+    }
 
     bool prepare() { return true; }
 
@@ -250,9 +253,9 @@ private:
 
     const Curve& curve_;
     int span_;
+    SpanBasis<Degree> basis_;
     const WeightedPoint* points_ = nullptr;  // the first that counts in the span
     double behind_ = 0;                      // where the span ends
-    SpanBasis<Degree> basis_;
     double values_[kMostFunctions] = {};
 };
 
