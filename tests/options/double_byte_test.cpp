@@ -1,5 +1,6 @@
 // Double-byte characters on the command line: "\x83\x5C" is one, whose second byte is a backslash. A second byte is
 // never a quote or a blank in a real text, but a hostile one may have it there.
+#include "options/option_model.h"
 #include "options/option_support.h"
 #include "support/code_page_932.h"
 
@@ -12,6 +13,18 @@ protected:
         CExtStrList words;
         EXPECT_TRUE(getopt_parse_string_to_list(text, words, true));
         return texts_of(words);
+    }
+
+    template <typename Check>
+    static void for_each_line(std::size_t length, Check check) {
+        std::vector<std::string> lines{""};
+        for (std::size_t i = 0; i < lines.size() && !HasFailure(); ++i) {
+            const std::string line = lines[i];
+            check(line);
+            for (char c : line.size() < length ? std::string("\x83 \"\\a") : "") {
+                lines.push_back(line + c);
+            }
+        }
     }
 
     const CodePage932 code_page;
@@ -39,6 +52,18 @@ TEST_F(DoubleByteCommandLine, LeadByteAtTheEndIsCopiedAlone) {
     EXPECT_EQ(split("\x83"), Texts({"\x83"}));
     EXPECT_EQ(split("p a\x83"), Texts({"p", "a\x83"}));
     EXPECT_EQ(split("p \"a\x83"), Texts({"p", "a\x83"}));
+}
+
+// All lines of up to seven characters out of five.
+TEST_F(DoubleByteCommandLine, WordsAgreeWithThePlainModel) {
+    for_each_line(7, [](const std::string& line) {
+        Texts expected;
+        CExtStrList words;
+        ASSERT_EQ(getopt_parse_string_to_list(line.c_str(), words, true),
+                  WordsModel(line, is_lead_byte_932).split(expected))
+            << line;
+        ASSERT_EQ(texts_of(words), expected) << line;
+    });
 }
 
 TEST_F(DoubleByteCommandLine, OptionsAreReadByteByByte) {
