@@ -134,7 +134,7 @@ ORVIL_API bool CA_PCTAN(const C2DPoint& centre, double r, const C2DPoint& p, C2D
 /// @param count 0, 1 or 2. With 0 both points are (0, 0) where circles touch or cross but no arc does, or where the
 /// points would not be finite; where circles do not meet, and for arcs of one circle, they keep their values.
 /// @return 0; 1, with @p count 0, when a radius is not above 0, or when the arcs are identical: centres, radii, starts
-/// and ends within 1e-8
+/// and ends within 1e-8. A start of NaN does not bound its arc; an end of NaN leaves everything out.
 ORVIL_API int CA_INS2C(const C2DPoint& c1, double Ra, double s1, double e1, const C2DPoint& c2, double Rb, double s2,
                        double e2, C2DPoint& p1, C2DPoint& p2, int& count);
 
