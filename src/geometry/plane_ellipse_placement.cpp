@@ -3,9 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "geometry/plane_math.h"
-#include "geometry/plane_vector.h"
-#include "orvil/geometry/plane_functions.h"
+#include "geometry/conjugate_diameters.h"
 #include "orvil/geometry/plane_transforms.h"
 
 namespace {
@@ -16,43 +14,28 @@ PlaneVector scaled(PlaneVector v, const C2DPoint& scale) {
     return {v.x * scale.x, v.y * scale.y};
 }
 
-// An ellipse as its centre sees it: the two semi-axes, or after a scale two conjugate semi-diameters.
-struct Diameters {
-    PlaneVector first;
-    PlaneVector second;
-
-    PlaneVector point_at(double t) const {
-        const orvil::Turn turn = orvil::turn_by(t);
-        return turn.cosine * first + turn.sine * second;
-    }
-};
-
-// The refitted axes; the angle is that of the major one.
-struct Axes {
-    double longer = 0.0;
-    double shorter = 0.0;
-    double angle = 0.0;
-};
-
-bool refit(const Diameters& diameters, Axes& axes) {
-    const C2DPoint first(diameters.first.x, diameters.first.y);
-    const C2DPoint second(diameters.second.x, diameters.second.y);
-    return CAL_ELPDT(first, second, C2DPoint(), axes.longer, axes.shorter, axes.angle);
-}
-
-// The angle by which the refitted ellipse reaches a point: its parameter angle, or on a circle its direction.
-double angle_of(PlaneVector point, const Axes& axes) {
-    if (axes.longer - axes.shorter < orvil::kTolerance) {
-        return orvil::direction(point);
-    }
-    const PlaneVector in_frame = orvil::turned_back(point, orvil::turn_by(axes.angle));
-    return orvil::parameter_angle(C2DPoint(in_frame.x, in_frame.y), axes.longer);
-}
-
 // Whether two angles differ by whole turns, if any: an arc between them has one end, not two that rounding tells apart.
 bool is_whole_turn(double start, double end) {
     return std::fabs(std::remainder(end - start, orvil::kTwoPi)) < orvil::kTolerance;
 }
+
+// The image of an ellipse about its centre, with the semi-axes become conjugate semi-diameters and then axes again.
+struct Image {
+    orvil::ConjugateDiameters diameters;
+    orvil::EllipseAxes axes;
+
+    // The angle of the image of the point of parameter angle t. An affine map keeps parameter angles but for where and
+    // which way they count; of its point on the auxiliary circle the direction is taken. A circle has plain directions.
+    double angle_of(double t) const {
+        const auto& [u, v] = diameters;
+        if (axes.is_circle()) {
+            const PlaneVector at = orvil::unit(t);
+            return orvil::direction(at.x * u + at.y * v);
+        }
+        const double angle = orvil::cross(u, v) > 0.0 ? t - axes.phase : axes.phase - t;
+        return orvil::direction(axes.longer * orvil::unit(angle));
+    }
+};
 
 bool is_finite(const C2DEllipse& e) {
     for (double number : {e.center.x, e.center.y, e.axis.x, e.axis.y, e.ratio, e.start, e.end}) {
@@ -67,26 +50,19 @@ bool is_finite(const C2DEllipse& e) {
 
 bool C2DEllipse::MatrixCalculation(const C2DMatrixItem& step) {
     const PlaneVector semi_axis(axis);
-    const Diameters before{semi_axis, ratio * orvil::left_of(semi_axis)};
-    PlaneVector ends[2] = {before.point_at(start), before.point_at(end)};
-    if (is_whole_turn(start, end)) {
-        ends[1] = ends[0];
-    }
-    // Each mirroring makes the arc run the other way.
-    if ((step.scale.x < 0.0) != (step.scale.y < 0.0)) {
-        std::swap(ends[0], ends[1]);
-    }
-    Axes axes;
-    if (!refit({scaled(before.first, step.scale), scaled(before.second, step.scale)}, axes)) {
+    Image image{{scaled(semi_axis, step.scale), scaled(ratio * orvil::left_of(semi_axis), step.scale)}, {}};
+    if (!orvil::find_axes(image.diameters, image.axes)) {
         return false;
     }
-    C2DEllipse placed;
-    placed.center = center;
+    double from = start;
+    double to = is_whole_turn(start, end) ? start : end;
+    // Each mirroring makes the arc run the other way.
+    if ((step.scale.x < 0.0) != (step.scale.y < 0.0)) {
+        std::swap(from, to);
+    }
+    C2DEllipse placed(center, C2DPoint(), image.axes.shorter / image.axes.longer, image.angle_of(from),
+                      image.angle_of(to));
     placed.center.MatrixCalculation(step);
-    const PlaneVector major = axes.longer * orvil::turned(PlaneVector(1.0, 0.0), orvil::turn_by(axes.angle));
-    orvil::assign(placed.axis, orvil::turned(major, orvil::turn_by(step.angle)));
-    placed.ratio = axes.shorter / axes.longer;
-    placed.start = angle_of(scaled(ends[0], step.scale), axes);
-    placed.end = angle_of(scaled(ends[1], step.scale), axes);
+    orvil::assign(placed.axis, orvil::turned(image.axes.major, orvil::turn_by(step.angle)));
     return is_finite(placed) && SetData(placed);
 }

@@ -1,12 +1,11 @@
 #include <algorithm>
 
+#include "geometry/conjugate_diameters.h"
 #include "geometry/ellipse_frame.h"
 #include "orvil/geometry/plane_functions.h"
 
 namespace orvil {
 namespace {
-
-constexpr double kLeastRadius = 1e-6;
 
 // Where the tangent of an ellipse runs in the direction t, in the ellipse's frame; the other point is its opposite.
 PlaneVector tangent_point(double a, double b, double t) {
@@ -83,22 +82,15 @@ bool CAL_ELPCP(const C2DPoint& centre, const C2DPoint& axis, double ratio, doubl
 
 bool CAL_ELPDT(const C2DPoint& p1, const C2DPoint& p2, const C2DPoint& centre, double& longRadius, double& shortRadius,
                double& axisAngle) {
-    const PlaneVector u = PlaneVector(p1) - PlaneVector(centre);
-    const PlaneVector v = PlaneVector(p2) - PlaneVector(centre);
-    // |u cos t + v sin t|^2 is extreme where tan 2t = across / along.
-    const double along = orvil::dot(u, u) - orvil::dot(v, v);
-    const double across = 2.0 * orvil::dot(u, v);
-    const double squared = (orvil::dot(u, u) + orvil::dot(v, v) + orvil::length(along, across)) / 2.0;
-    const double longer = std::sqrt(squared);
-    const double shorter = std::fabs(orvil::cross(u, v)) / longer;
-    if (!(longer >= orvil::kLeastRadius) || !(shorter >= orvil::kLeastRadius) || !std::isfinite(longer)) {
+    const PlaneVector from(centre);
+    orvil::EllipseAxes axes{};
+    if (!orvil::find_axes({PlaneVector(p1) - from, PlaneVector(p2) - from}, axes)) {
         return false;
     }
-    const PlaneVector extreme = orvil::unit(std::atan2(across, along) / 2.0);
-    longRadius = longer;
-    shortRadius = shorter;
+    longRadius = axes.longer;
+    shortRadius = axes.shorter;
     // A circle has no major axis; its angles count from the direction 0.
-    axisAngle = longer - shorter < orvil::kTolerance ? 0.0 : orvil::direction(extreme.x * u + extreme.y * v);
+    axisAngle = axes.is_circle() ? 0.0 : orvil::direction(axes.major.x, axes.major.y, 1e-15 * axes.longer);
     return true;
 }
 
