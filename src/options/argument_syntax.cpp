@@ -21,6 +21,10 @@ std::string_view without_last_line_feed(std::string_view text) {
     return text.ends_with(kLineFeed) ? text.substr(0, text.size() - 1) : text;
 }
 
+bool is_separator(char c) {
+    return c == ':' || c == '=';
+}
+
 bool is_attachable(std::string_view value) {
     return !value.empty() && value.find(kLineFeed) == std::string_view::npos;
 }
@@ -85,19 +89,19 @@ Declaration read_declaration(std::string_view text) {
 
 bool read_option_argument(std::string_view argument, OptionArgument& option) {
     option.is_long = argument[1] == '-';
-    const std::size_t begin = option.is_long ? 2 : 1;
-    const std::size_t end = option.is_long ? std::min(argument.find_first_of(":=", begin), argument.size()) : 2;
-    option.name = argument.substr(begin, end - begin);
+    const auto begin = argument.begin() + (option.is_long ? 2 : 1);
+    const auto end = option.is_long ? std::find_if(begin, argument.end(), is_separator) : begin + 1;
+    option.name = {begin, end};
     if (option.is_long ? option.name.empty() : !is_letter(option.name.front())) {
         return false;
     }
-    const std::string_view rest = argument.substr(end);
+    const std::string_view rest(end, argument.end());
     option.has_value = !without_last_line_feed(rest).empty();
     if (!option.has_value) {
         return true;
     }
     option.value = without_last_line_feed(rest.substr(1));
-    return (rest.front() == ':' || rest.front() == '=') && is_attachable(option.value);
+    return is_separator(rest.front()) && is_attachable(option.value);
 }
 
 }  // namespace orvil::detail

@@ -22,7 +22,8 @@ struct OptionValues {
 };
 
 struct Option {
-    Option* next;  // in its chain
+    Option* next;      // in its chain
+    Option* previous;  // the one that was added before it
     std::string_view name;
     OptionKind kind;  // none: only asked for
     OptionValues values;
@@ -49,7 +50,7 @@ public:
     }
     Option* find_or_add(std::string_view name);
 
-    // Calls visit(option) for each option.
+    // Calls visit(option) for each option, in the order of the chains.
     template <typename Visitor>
     void for_each(Visitor visit) const {
         for (Option* option : chains_) {
@@ -65,11 +66,12 @@ private:
 
     static std::uint32_t index_of(char letter) { return static_cast<std::uint32_t>(letter) - 'A'; }
     static std::uint32_t chain_of(std::string_view name);
-    Option* add(Option*& chain, std::string_view name);
-    void move_to_front(Option& option);
+    static Option* find_in(Option* chain, std::string_view name);
+    Option* find_or_add(Option*& chain, std::string_view name);
 
     Option* chains_[kChains] = {};
     Option* letters_[kLetters] = {};
+    Option* newest_ = nullptr;
     Arena memory_;
 };
 

@@ -32,12 +32,8 @@ const char* WordReader::word() {
     char* word = write_;
     in_quotes_ = false;
     while (!at_end() && (in_quotes_ || !is_blank(*read_))) {
-        const std::size_t backslashes = count_backslashes();
-        if (read_[backslashes] == kQuote) {
-            take_quote(backslashes);
-        } else if (backslashes > 0) {
-            put(backslashes, kBackslash);
-            read_ += backslashes;
+        if (*read_ == kBackslash || *read_ == kQuote) {
+            take_backslashes_or_quote();
         } else {
             copy_character();
         }
@@ -58,8 +54,14 @@ void WordReader::put(std::size_t count, char c) {
     write_ += count;
 }
 
-std::size_t WordReader::count_backslashes() const {
-    return std::strspn(read_, "\\");
+void WordReader::take_backslashes_or_quote() {
+    const std::size_t backslashes = std::strspn(read_, "\\");
+    if (read_[backslashes] == kQuote) {
+        take_quote(backslashes);
+    } else {
+        put(backslashes, kBackslash);
+        read_ += backslashes;
+    }
 }
 
 // Two backslashes before a quote are one, and an odd one makes the quote an ordinary character. In a quoted part two

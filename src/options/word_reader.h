@@ -26,7 +26,7 @@ private:
 
     void copy_character();
     void put(std::size_t count, char c);
-    std::size_t count_backslashes() const;
+    void take_backslashes_or_quote();
     void take_quote(std::size_t backslashes);
     const char* end_word(char* word);
 

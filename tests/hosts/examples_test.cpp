@@ -107,6 +107,35 @@ TEST(Examples, WriteSettingsSaysThatItCannotWrite) {
     EXPECT_EQ(result.err, path + " cannot be written\n");
 }
 
+TEST(Examples, ConvertOptionsPrintsWhatWasGiven) {
+    const ProgramResult result = run_program("convert_options", {"--scale=2.5", "--layer", "Outline", "-l", "Text",
+                                                                 "-v", "-o", "plot.out", "sheet1.plt", "sheet2.plt"});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out,
+              "output  plot.out\n"
+              "scale   2.5\n"
+              "layer   Outline\n"
+              "layer   Text\n"
+              "file    sheet1.plt\n"
+              "file    sheet2.plt\n"
+              "--- Scalar map [2] items. ---\n"
+              "  0-scale: 2.5\n"
+              "  1-output: plot.out\n"
+              "\n"
+              "--- List map [1] lists. ---\n"
+              "  layer-0: Outline\n"
+              "  layer-1: Text\n"
+              "\n");
+    EXPECT_EQ(result.err, "");
+}
+
+TEST(Examples, ConvertOptionsSaysWhichArgumentIsWrong) {
+    const ProgramResult result = run_program("convert_options", {"sheet1.plt", "--colour", "red"});
+    EXPECT_EQ(result.exit_code, 1);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err, "argument 2: unknown option name 'colour'\n");
+}
+
 TEST(Examples, StringsAndRegexPrintsItsSteps) {
     const ProgramResult result = run_program("strings_and_regex", {});
     EXPECT_EQ(result.exit_code, 0);
