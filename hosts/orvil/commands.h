@@ -24,6 +24,7 @@ const Command& get_command();
 const Command& format_command();
 const Command& new_command();
 const Command& messages_command();
+const Command& figure_command();
 
 // Says what is wrong with the command line, and how it should be.
 ExitCode misused(const Command& command, const std::string& message);

@@ -19,12 +19,13 @@ constexpr double kMargin = 40.0;
 constexpr double kTitleHeight = 24.0;
 constexpr double kDotRadius = 4.0;
 constexpr double kLabelGap = 8.0;
-constexpr double kGridLines = 10.0;
+constexpr double kLetterHeight = 10.0;
+constexpr double kGridLines = 14.0;
 
 constexpr const char* kStyle =
     "<style>"
     "text{font:13px sans-serif;fill:#475569;paint-order:stroke;stroke:#fff;stroke-width:3px}"
-    ".title{font-size:15px;fill:#0f172a}"
+    ".title{font-size:15px;font-weight:600;fill:#0f172a}"
     ".step{font-size:11px;fill:#94a3b8}"
     ".grid{stroke:#e8edf3;stroke-width:1}"
     ".zero{stroke:#b6c2d1;stroke-width:1.2}"
@@ -147,6 +148,21 @@ C2DPoint point_at(const C2DEllipse& ellipse, double t) {
             ellipse.center.y + along * ellipse.axis.y + aside * ellipse.axis.x};
 }
 
+// Text above or below a point begins there, or ends there in the right half of the picture, so that it stays inside.
+std::string label_text(const Scale& scale, const C2DPoint& at, const std::string& text, SvgPicture::Place place) {
+    const double x = scale.x(at.x);
+    const double y = scale.y(at.y);
+    if (place == SvgPicture::Place::kOn) {
+        return "<text text-anchor=\"middle\"" + attribute("x", x) + attribute("y", y + kLetterHeight / 2.0) + ">" +
+               escaped(text) + "</text>\n";
+    }
+    const bool is_right = x > scale.width() / 2.0;
+    const double down = place == SvgPicture::Place::kAbove ? -kLabelGap : kLabelGap + kLetterHeight;
+    return std::string("<text text-anchor=\"") + (is_right ? "end" : "start") + "\"" +
+           attribute("x", x + (is_right ? -kLabelGap : kLabelGap)) + attribute("y", y + down) + ">" + escaped(text) +
+           "</text>\n";
+}
+
 // An arc in two halves, so that a whole turn can be drawn as well and the flag for the longer way is never needed.
 std::string arc_path(const Scale& scale, const C2DEllipse& ellipse) {
     double start = ellipse.start;
@@ -161,6 +177,13 @@ std::string arc_path(const Scale& scale, const C2DEllipse& ellipse) {
 }
 
 }  // namespace
+
+C2DPoint middle_of(const C2DEllipse& ellipse) {
+    double start = ellipse.start;
+    double end = ellipse.end;
+    A2D_STDSEDEG(start, end);
+    return point_at(ellipse, (start + end) / 2.0);
+}
 
 void SvgPicture::include(const C2DPoint& point) {
     low_ = is_empty_ ? point : C2DPoint(std::min(low_.x, point.x), std::min(low_.y, point.y));
@@ -197,8 +220,8 @@ void SvgPicture::add_dot(const C2DPoint& at, Ink ink) {
     include(at);
 }
 
-void SvgPicture::add_label(const C2DPoint& at, const std::string& label) {
-    labels_.push_back({at, label});
+void SvgPicture::add_label(const C2DPoint& at, const std::string& label, Place place) {
+    labels_.push_back({at, label, place});
     include(at);
 }
 
@@ -222,8 +245,7 @@ std::string SvgPicture::text(const std::string& title) const {
                attribute("cy", scale.y(dot.at.y)) + attribute("r", kDotRadius) + "/>\n";
     }
     for (const Label& label : labels_) {
-        out += "<text" + attribute("x", scale.x(label.at.x) + kLabelGap) +
-               attribute("y", scale.y(label.at.y) - kLabelGap) + ">" + escaped(label.text) + "</text>\n";
+        out += label_text(scale, label.at, label.text, label.place);
     }
     return out + "<text class=\"title\"" + attribute("x", kLabelGap) + attribute("y", kTitleHeight - kLabelGap) + ">" +
            escaped(title) + "</text>\n</svg>\n";

@@ -16,6 +16,9 @@ enum class Ink {
     kConstruction,  // what was computed from it, such as a tangent
 };
 
+// The point half-way along an elliptic arc.
+C2DPoint middle_of(const C2DEllipse& ellipse);
+
 class SvgPicture {
 public:
     // Larger coordinates leave no room for the arithmetic of scaling. What is added must not be larger.
@@ -26,8 +29,9 @@ public:
     // The arc from the start to the end angle, which are parameter angles; angles that agree are a whole turn.
     void add_ellipse(const C2DEllipse& ellipse, Ink ink);
     void add_dot(const C2DPoint& at, Ink ink);
-    // Text beside a point. Bytes from 0x80 on must be UTF-8.
-    void add_label(const C2DPoint& at, const std::string& label);
+    // Text above, on or below a point. Bytes from 0x80 on must be UTF-8.
+    enum class Place { kAbove, kOn, kBelow };
+    void add_label(const C2DPoint& at, const std::string& label, Place place = Place::kAbove);
 
     // The whole file, ending in a line feed.
     std::string text(const std::string& title) const;
@@ -48,6 +52,7 @@ private:
     struct Label {
         C2DPoint at;
         std::string text;
+        Place place;
     };
 
     void include(const C2DPoint& point);
