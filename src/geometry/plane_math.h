@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "geometry/turn.h"
 #include "orvil/geometry/plane_primitives.h"
 #include "orvil/geometry/scalars.h"
 
@@ -38,15 +39,6 @@ inline double distance(const C2DPoint& a, const C2DPoint& b) {
 inline bool coincide(const C2DPoint& a, const C2DPoint& b) {
     return distance(a, b) < kTolerance;
 }
-
-// A rotation, as the cosine and sine of its angle.
-struct Turn {
-    double cosine;
-    double sine;
-};
-
-// The rotation by an angle in radians. Asking for the same angle again and again costs next to nothing.
-Turn turn_by(double angle);
 
 // The reflection of `p` in the line through `a` and `b`. False, and `out` as it was, when the squared distance of `a`
 // and `b` is below 1e-8. The arguments may be the same objects.

@@ -100,11 +100,26 @@ bool C2DPoint::Mirror(const C2DPoint& a, const C2DPoint& b) {
     return orvil::reflect(*this, a, b, *this);
 }
 
+namespace {
+
+// Reads the step's numbers before it writes any: the point may be one of the step's own.
+inline bool place(C2DPoint& point, const C2DMatrixItem& step, orvil::Turn turn) {
+    const double dx = (point.x - step.base.x) * step.scale.x;
+    const double dy = (point.y - step.base.y) * step.scale.y;
+    return point.SetData(turn.cosine * dx - turn.sine * dy + step.move.x,
+                         turn.sine * dx + turn.cosine * dy + step.move.y);
+}
+
+[[gnu::noinline]] bool place_by_new_turn(C2DPoint& point, const C2DMatrixItem& step) {
+    return place(point, step, orvil::new_turn(step.angle));
+}
+
+}  // namespace
+
+// Drawings are placed point by point: what is needed for the first one alone stays out of the way of the others.
 bool C2DPoint::MatrixCalculation(const C2DMatrixItem& step) {
-    const orvil::Turn turn = orvil::turn_by(step.angle);
-    const double dx = (x - step.base.x) * step.scale.x;
-    const double dy = (y - step.base.y) * step.scale.y;
-    return SetData(turn.cosine * dx - turn.sine * dy + step.move.x, turn.sine * dx + turn.cosine * dy + step.move.y);
+    orvil::Turn turn{};
+    return orvil::is_last_turn(step.angle, turn) ? place(*this, step, turn) : place_by_new_turn(*this, step);
 }
 
 CExtString C2DPoint::GetDumpText() const {
