@@ -21,6 +21,7 @@
 #include "orvil/params/typed_records.h"
 #include "orvil/params/var_resource.h"
 #include "orvil/runtime/heap.h"
+#include "orvil/runtime/stored_by_library.h"
 #include "orvil/strings/ext_array.h"
 #include "orvil/strings/ext_format.h"
 #include "orvil/strings/ext_hash.h"

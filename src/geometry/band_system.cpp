@@ -18,8 +18,8 @@ bool BandSystem::allocate(int size, int below, int above) {
 
 // The first rows begin with column 0, the others `below` columns left of the diagonal, so that a row begins with the
 // column that is eliminated when it is first looked at.
-void BandSystem::set(int row_number, int column, double value) {
-    row(row_number)[column - (std::max)(row_number - below_, 0)] = value;
+void BandSystem::set_row(int row_number, int column, const double* values, int count) {
+    std::copy(values, values + count, row(row_number) + column - (std::max)(row_number - below_, 0));
 }
 
 bool BandSystem::solve() {

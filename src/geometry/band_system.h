@@ -18,8 +18,8 @@ public:
     // `above` to its right. Returns false when there is none.
     bool allocate(int size, int below, int above);
 
-    // Sets a coefficient, which must lie in the band.
-    void set(int row, int column, double value);
+    // Sets `count` coefficients from a column on, which must lie in the band.
+    void set_row(int row, int column, const double* values, int count);
 
     void set_right_side(int row, const Triple& value) { sides_[static_cast<std::size_t>(row)] = value; }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "geometry/array_rewriter.h"
 #include "orvil/geometry/nurbs.h"
 
 namespace orvil::detail {
@@ -33,11 +34,31 @@ void all_basis_functions(const double* knots, int order, int count, double t, do
 
 namespace {
 
-// The value of a knot vector at an index; the clamped form may have two.
-bool append_clamped(CExtArray<double>& knots, std::int64_t order, std::int64_t count, std::int64_t i) {
-    const auto last = static_cast<double>(count - order + 1);
-    return (i >= order || knots.Add(0.0)) &&
-           (i < order || i >= count || knots.Add(static_cast<double>(i - order + 1))) && (i < count || knots.Add(last));
+using KnotRewriter = orvil::detail::ArrayRewriter<double>;
+
+bool append(KnotRewriter& knots, std::int64_t value) {
+    double* knot = knots.next();
+    if (knot == nullptr) {
+        return false;
+    }
+    *knot = static_cast<double>(value);
+    return true;
+}
+
+// The knots of one index, of which there may be two.
+bool append_clamped(KnotRewriter& knots, std::int64_t order, std::int64_t count, std::int64_t i) {
+    return (i >= order || append(knots, 0)) && (i < order || i >= count || append(knots, i - order + 1)) &&
+           (i < count || append(knots, count - order + 1));
+}
+
+bool write_knots(KnotRewriter& knots, std::int64_t order, std::int64_t count, EKnotVectorForm form) {
+    for (std::int64_t i = 0; i < order + count; ++i) {
+        if (!(form == KnotFormUniform ? append(knots, i) : append_clamped(knots, order, count, i))) {
+            return false;
+        }
+    }
+    knots.finish();
+    return true;
 }
 
 }  // namespace
@@ -57,19 +78,12 @@ double CCalcNurbs::GetSplineBase(int k, int i, double t) const {
     return values[0];
 }
 
+// Knots that are there are used again.
 bool CCalcNurbs::MakeKnotVector(int order, int count, EKnotVectorForm form) {
+    KnotRewriter knots(knots_);
+    if ((form == KnotFormClamped || form == KnotFormUniform) && write_knots(knots, order, count, form)) {
+        return true;
+    }
     ClearKnot();
-    if (form != KnotFormClamped && form != KnotFormUniform) {
-        return false;
-    }
-    const std::int64_t indices = std::int64_t{order} + count;
-    for (std::int64_t i = 0; i < indices; ++i) {
-        const bool appended =
-            form == KnotFormUniform ? knots_.Add(static_cast<double>(i)) : append_clamped(knots_, order, count, i);
-        if (!appended) {
-            ClearKnot();
-            return false;
-        }
-    }
-    return true;
+    return false;
 }

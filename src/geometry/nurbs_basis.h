@@ -13,6 +13,9 @@ inline constexpr int kMostFunctions = kHighestDegree + 1;
 // 1 and receives count. The knots may be anything.
 void all_basis_functions(const double* knots, int order, int count, double t, double* values);
 
+// Two doubles that are computed with at once; each gets what it would get alone.
+using Pair = double __attribute__((vector_size(16)));
+
 // The functions of order Degree + 1 that are not 0 in one span of knots that do not decrease: those with the indices
 // span - Degree to span. What depends on the span alone is computed once for it.
 template <int Degree>
@@ -23,49 +26,45 @@ public:
 
     // Goes on to another span.
     void enter(const double* knots) {
-        double* divisor = divisors_;
+        Part* part = parts_;
         for (int level = 1; level <= Degree; ++level) {
             for (int i = 1 - level; i <= 0; ++i) {
                 const double width = knots[i + level] - knots[i];
-                // A term over no more than the tolerance is 0; so is a finite number over infinity.
-                *divisor++ = width < kKnotTolerance ? kInfinity : width;
+                // A term over less than the tolerance is 0; so is a finite number over infinity.
+                const double divisor = width < kKnotTolerance ? __builtin_huge_val() : width;
+                part->offset = Pair{-knots[i], knots[i + level]};
+                part->divisor = Pair{divisor, divisor};
+                ++part;
             }
-        }
-        for (int i = 0; i < Degree; ++i) {
-            left_[i] = knots[i + 1 - Degree];
-            right_[i] = knots[i + 1];
         }
     }
 
     // Fills `values`, of which there are Degree + 1, for a parameter that lies in the span.
     void evaluate(double t, double* values) const {
-        double rises[kHighestDegree];
-        double falls[kHighestDegree];
-        for (int i = 0; i < Degree; ++i) {
-            rises[i] = t - left_[i];
-            falls[i] = right_[i] - t;
-        }
+        const Pair parameter{t, -t};
+        const Part* part = parts_;
         values[Degree] = 1.0;
-        const double* divisor = divisors_;
         for (int level = 1; level <= Degree; ++level) {
             double* value = values + (Degree - level);
-            double carried = 0.0;  // the rising term of the function before, which is 0 for the first
-            for (int i = 0; i < level; ++i) {
-                const double below = value[i + 1];
-                value[i] = carried + falls[i] / divisor[i] * below;
-                carried = rises[Degree - level + i] / divisor[i] * below;
+            double rising = 0.0;  // the first term, which comes from the function before
+            for (int i = 0; i < level; ++i, ++part) {
+                const Pair terms = (parameter + part->offset) / part->divisor * value[i + 1];
+                value[i] = rising + terms[1];
+                rising = terms[0];
             }
-            value[level] = carried;
-            divisor += level;
+            value[level] = rising;
         }
     }
 
 private:
-    static constexpr double kInfinity = __builtin_huge_val();
+    // What makes two terms of a function: (t - u[i]) / width for the one of the same index above it, (u[i + level] - t)
+    // / width for the one before.
+    struct Part {
+        Pair offset;
+        Pair divisor;
+    };
 
-    double divisors_[kHighestDegree * (kHighestDegree + 1) / 2];
-    double left_[kHighestDegree];
-    double right_[kHighestDegree];
+    Part parts_[kHighestDegree * (kHighestDegree + 1) / 2];
 };
 
 }  // namespace orvil::detail

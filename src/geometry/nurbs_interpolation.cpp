@@ -2,7 +2,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <new>
 
+#include "geometry/array_rewriter.h"
 #include "geometry/band_system.h"
 #include "geometry/nurbs_basis.h"
 #include "geometry/nurbs_limits.h"
@@ -12,18 +14,20 @@
 namespace orvil::detail {
 namespace {
 
-// One equation: the values are the coefficients of `count` neighbouring control points.
-struct Equation {
-    int first;
-    int count;
-    double values[kMostFunctions];
+// An equation of the end conditions: that the differences of three neighbouring control points, each divided by the
+// knots that it spans, are equal.
+struct NaturalEnd {
+    NaturalEnd(double span, double next_span) : values{1.0 / span, -1.0 / span - 1.0 / next_span, 1.0 / next_span} {}
+
+    double values[3];
 };
 
 // The equations of n fit points for n + 2 control points: one for each fit point and one for each end.
+template <int Degree>
 class FitSystem {
 public:
-    FitSystem(const CExtArray<double>& knots, const CExtArray<CNurbsFitPoint>& fits, int degree)
-        : degree_(degree), fit_count_(fits.GetSize()), size_(fit_count_ + 2), knot_array_(knots), fit_array_(fits) {}
+    FitSystem(const CExtArray<double>& knots, const CExtArray<CNurbsFitPoint>& fits)
+        : fit_count_(fits.GetSize()), size_(fit_count_ + 2), knot_array_(knots), fit_array_(fits) {}
 
     // Returns false when memory runs out, the equations have no solution, or the curve would miss a point.
     bool solve() {
@@ -37,21 +41,27 @@ public:
     const Triple& control_point(int i) const { return band_.solution(i); }
 
 private:
-    Equation& equation(int row) { return equations_[static_cast<std::size_t>(row)]; }
+    // The equation of an inner fit point: the basis functions that are not 0 at its parameter.
+    struct Equation {
+        double values[std::size_t{Degree} + 1];
+        int first;  // the control point that the first value belongs to
+        int count;
+    };
+
     double knot(int i) const { return knots_[static_cast<std::size_t>(i)]; }
     const Triple& fit(int j) const { return fits_[static_cast<std::size_t>(j)]; }
+    Equation& equation(int j) { return equations_[static_cast<std::size_t>(j)]; }
+    const Equation& equation(int j) const { return equations_[static_cast<std::size_t>(j)]; }
 
     bool gather();
+    bool gather_fits();
     void make_equations();
-    template <int Degree>
-    void make_inner_equations();
     bool fill_band();
+    void fill_ends();
     bool meets_points() const;
+    double largest_coordinate() const;
+    Triple missed_by(int j) const;
 
-    // The row of a fit point: the conditions of the ends stand second and second to last.
-    int row_of(int j) const { return j == 0 ? 0 : j == fit_count_ - 1 ? size_ - 1 : j + 1; }
-
-    int degree_;
     int fit_count_;
     int size_;
     const CExtArray<double>& knot_array_;
@@ -62,16 +72,22 @@ private:
     BandSystem band_;
 };
 
-bool FitSystem::gather() {
+template <int Degree>
+bool FitSystem<Degree>::gather() {
     const int knot_count = knot_array_.GetSize();
     if (!knots_.allocate(static_cast<std::size_t>(knot_count)) ||
         !fits_.allocate(static_cast<std::size_t>(fit_count_)) ||
-        !equations_.allocate(static_cast<std::size_t>(size_))) {
+        !equations_.allocate(static_cast<std::size_t>(fit_count_))) {
         return false;
     }
     for (int i = 0; i < knot_count; ++i) {
         knots_[static_cast<std::size_t>(i)] = *knot_array_.GetAt(i);
     }
+    return gather_fits();
+}
+
+template <int Degree>
+bool FitSystem<Degree>::gather_fits() {
     for (int j = 0; j < fit_count_; ++j) {
         const CNurbsFitPoint* fit = fit_array_.GetAt(j);
         if (fit == nullptr) {
@@ -82,87 +98,94 @@ bool FitSystem::gather() {
     return true;
 }
 
-// The differences of three neighbouring control points, each divided by the knots that it spans, are equal.
-Equation natural_end(int first, double span, double next_span) {
-    return {first, 3, {1.0 / span, -1.0 / span - 1.0 / next_span, 1.0 / next_span}};
-}
-
-void FitSystem::make_equations() {
-    const int n = fit_count_;
-    const int d = degree_;
-    equation(0) = {0, 1, {1.0}};
-    equation(1) = natural_end(0, knot(d + 1) - knot(1), knot(d + 2) - knot(2));
-    equation(size_ - 2) = natural_end(n - 1, knot(n + d) - knot(n), knot(n + d + 1) - knot(n + 1));
-    equation(size_ - 1) = {size_ - 1, 1, {1.0}};
-    using Make = void (FitSystem::*)();
-    constexpr Make kMakeByDegree[] = {&FitSystem::make_inner_equations<1>, &FitSystem::make_inner_equations<2>,
-                                      &FitSystem::make_inner_equations<3>, &FitSystem::make_inner_equations<4>,
-                                      &FitSystem::make_inner_equations<5>, &FitSystem::make_inner_equations<6>,
-                                      &FitSystem::make_inner_equations<7>};
-    (this->*kMakeByDegree[d - 1])();
-}
-
-// The span that begins at the integer i is number i + degree, and i is the first control point that counts in it.
+// The span that begins at the integer i is number i + Degree, and i is the first control point that counts in it. At
+// both ends one control point alone counts.
 template <int Degree>
-void FitSystem::make_inner_equations() {
+void FitSystem<Degree>::make_equations() {
     const double last = knot(size_);
     SpanBasis<Degree> basis(knots_.data() + Degree);
     int entered = 0;
     for (int j = 1; j < fit_count_ - 1; ++j) {
         const double t = j * last / (fit_count_ - 1);
-        const int first = static_cast<int>((std::min)(t, last - 1));
-        if (first != entered) {
-            basis.enter(knots_.data() + first + Degree);
-            entered = first;
+        Equation& made = equation(j);
+        made.first = static_cast<int>((std::min)(t, last - 1));
+        if (made.first != entered) {
+            entered = made.first;
+            basis.enter(knots_.data() + entered + Degree);
         }
-        Equation& made = equation(row_of(j));
         basis.evaluate(t, made.values);
-        made.first = first;
         made.count = made.values[Degree] != 0 ? Degree + 1 : Degree;  // at a knot the last function is 0
     }
+    equation(0) = {{1.0}, 0, 1};
+    equation(fit_count_ - 1) = {{1.0}, size_ - 1, 1};
 }
 
-bool FitSystem::fill_band() {
-    int below = 0;
-    int above = 0;
-    for (int row = 0; row < size_; ++row) {
-        below = (std::max)(below, row - equation(row).first);
-        above = (std::max)(above, equation(row).first + equation(row).count - 1 - row);
+// The conditions of the ends stand second and second to last: fit point j has row j + 1 but for the first and the last.
+template <int Degree>
+bool FitSystem<Degree>::fill_band() {
+    int below = 1;
+    int above = 1;
+    for (int j = 1; j < fit_count_ - 1; ++j) {
+        below = (std::max)(below, j + 1 - equation(j).first);
+        above = (std::max)(above, equation(j).first + equation(j).count - 2 - j);
     }
     if (!band_.allocate(size_, below, above)) {
         return false;
     }
-    for (int row = 0; row < size_; ++row) {
-        for (int i = 0; i < equation(row).count; ++i) {
-            band_.set(row, equation(row).first + i, equation(row).values[i]);
-        }
+    for (int j = 1; j < fit_count_ - 1; ++j) {
+        band_.set_row(j + 1, equation(j).first, equation(j).values, equation(j).count);
+        band_.set_right_side(j + 1, fit(j));
     }
-    for (int j = 0; j < fit_count_; ++j) {
-        band_.set_right_side(row_of(j), fit(j));
-    }
+    fill_ends();
     return true;
+}
+
+template <int Degree>
+void FitSystem<Degree>::fill_ends() {
+    const int n = fit_count_;
+    const double one = 1.0;
+    const NaturalEnd start(knot(Degree + 1) - knot(1), knot(Degree + 2) - knot(2));
+    const NaturalEnd end(knot(n + Degree) - knot(n), knot(n + Degree + 1) - knot(n + 1));
+    band_.set_row(0, 0, &one, 1);
+    band_.set_row(1, 0, start.values, 3);
+    band_.set_row(size_ - 2, n - 1, end.values, 3);
+    band_.set_row(size_ - 1, n + 1, &one, 1);
+    band_.set_right_side(0, fit(0));
+    band_.set_right_side(size_ - 1, fit(n - 1));
 }
 
 double largest_of(const Triple& triple) {
     return (std::max)({std::fabs(triple.x), std::fabs(triple.y), std::fabs(triple.z)});
 }
 
-// What is not finite compares false.
-bool FitSystem::meets_points() const {
-    double size = 0;
+template <int Degree>
+double FitSystem<Degree>::largest_coordinate() const {
+    double largest = 0;
     for (int j = 0; j < fit_count_; ++j) {
-        size = (std::max)(size, largest_of(fit(j)));
+        largest = (std::max)(largest, largest_of(fit(j)));
     }
+    return largest;
+}
+
+template <int Degree>
+Triple FitSystem<Degree>::missed_by(int j) const {
+    Triple miss = fit(j);
+    for (int i = 0; i < equation(j).count; ++i) {
+        const double value = equation(j).values[i];
+        const Triple& point = control_point(equation(j).first + i);
+        miss.x -= value * point.x;
+        miss.y -= value * point.y;
+        miss.z -= value * point.z;
+    }
+    return miss;
+}
+
+// What is not finite compares false.
+template <int Degree>
+bool FitSystem<Degree>::meets_points() const {
+    const double allowed = kFitTolerance * largest_coordinate();
     for (int j = 0; j < fit_count_; ++j) {
-        const Equation& equation = equations_[static_cast<std::size_t>(row_of(j))];
-        Triple miss = fit(j);
-        for (int i = 0; i < equation.count; ++i) {
-            const Triple& point = control_point(equation.first + i);
-            miss.x -= equation.values[i] * point.x;
-            miss.y -= equation.values[i] * point.y;
-            miss.z -= equation.values[i] * point.z;
-        }
-        const double allowed = kFitTolerance * size;
+        const Triple miss = missed_by(j);
         if (!(std::fabs(miss.x) <= allowed && std::fabs(miss.y) <= allowed && std::fabs(miss.z) <= allowed)) {
             return false;
         }
@@ -170,37 +193,49 @@ bool FitSystem::meets_points() const {
     return true;
 }
 
-bool append_points(const FitSystem& system, int count, CExtArray<CNurbsCtrlPoint>& points) {
-    CNurbsCtrlPoint point;
-    for (int i = 0; i < count; ++i) {
-        const Triple& from = system.control_point(i);
-        point.point.SetData(from.x, from.y, from.z);
-        if (!points.Add(point)) {
+// Writes over the control points that are there.
+template <int Degree>
+bool fit_curve(const CExtArray<double>& knots, const CExtArray<CNurbsFitPoint>& fits,
+               CExtArray<CNurbsCtrlPoint>& points) {
+    FitSystem<Degree> system(knots, fits);
+    if (!system.solve()) {
+        return false;
+    }
+    ArrayRewriter<CNurbsCtrlPoint> rewriter(points);
+    for (int i = 0; i < fits.GetSize() + 2; ++i) {
+        CNurbsCtrlPoint* point = rewriter.next();
+        if (point == nullptr) {
             return false;
         }
+        const Triple& place = system.control_point(i);
+        point->point.x = place.x;
+        point->point.y = place.y;
+        point->point.z = place.z;
+        point->weight = 1.0;
     }
+    rewriter.finish();
     return true;
 }
+
+using FitCurve = bool (*)(const CExtArray<double>& knots, const CExtArray<CNurbsFitPoint>& fits,
+                          CExtArray<CNurbsCtrlPoint>& points);
+constexpr FitCurve kFitByDegree[] = {fit_curve<1>, fit_curve<2>, fit_curve<3>, fit_curve<4>,
+                                     fit_curve<5>, fit_curve<6>, fit_curve<7>};
 
 }  // namespace
 }  // namespace orvil::detail
 
+// Knots and control points that are there are used again.
 bool CCalcNurbs::CreateCtrl() {
     using namespace orvil::detail;
+    const int n = fit_points_.GetSize();
+    const bool is_possible =
+        dimension_ >= kLowestDegree && dimension_ <= kHighestDegree && n >= 2 && n >= dimension_ - 1;
+    if (is_possible && MakeKnotVector(dimension_ + 1, n + 2, KnotFormClamped) &&
+        kFitByDegree[dimension_ - 1](knots_, fit_points_, ctrl_points_)) {
+        return true;
+    }
     ClearCtrl();
     ClearKnot();
-    const int n = fit_points_.GetSize();
-    if (dimension_ < kLowestDegree || dimension_ > kHighestDegree || n < 2 || n < dimension_ - 1) {
-        return false;
-    }
-    if (!MakeKnotVector(dimension_ + 1, n + 2, KnotFormClamped)) {
-        return false;
-    }
-    FitSystem system(knots_, fit_points_, dimension_);
-    if (!system.solve() || !append_points(system, n + 2, ctrl_points_)) {
-        ClearCtrl();
-        ClearKnot();
-        return false;
-    }
-    return true;
+    return false;
 }

@@ -6,6 +6,7 @@
 #include <new>
 #include <type_traits>
 
+#include "geometry/array_rewriter.h"
 #include "geometry/nurbs_basis.h"
 #include "geometry/nurbs_limits.h"
 #include "geometry/scratch_array.h"
@@ -18,7 +19,11 @@ namespace {
 constexpr std::int64_t kMostSegments = INT32_MAX - 17;
 
 struct WeightedPoint {
-    double x, y, z, weight;
+    Pair xy;
+    Pair z1;  // z, and 1 to add the weights up by
+    double weight;
+
+    bool is_finite() const;
 };
 
 struct Position {
@@ -27,6 +32,11 @@ struct Position {
 
 bool is_finite(double value) {
     return std::fabs(value) <= DBL_MAX;
+}
+
+bool WeightedPoint::is_finite() const {
+    return detail::is_finite(xy[0]) && detail::is_finite(xy[1]) && detail::is_finite(z1[0]) &&
+           detail::is_finite(weight);
 }
 
 bool is_same_knot(double left, double right) {
@@ -75,7 +85,11 @@ bool gather_points(const CExtArray<CNurbsCtrlPoint>& points, Curve& curve) {
     }
     for (int i = 0; i < curve.count; ++i) {
         if (const CNurbsCtrlPoint* from = points.GetAt(i)) {
-            curve.points[static_cast<std::size_t>(i)] = {from->point.x, from->point.y, from->point.z, from->weight};
+            const C3DPoint& point = from->point;
+            WeightedPoint& to = curve.points[static_cast<std::size_t>(i)];
+            to.xy = Pair{point.x, point.y};
+            to.z1 = Pair{point.z, 1.0};
+            to.weight = from->weight;
         }
     }
     return true;
@@ -131,13 +145,8 @@ std::int64_t count_segments(const Curve& curve, int divisions) {
 }
 
 bool has_finite_points(const Curve& curve) {
-    for (std::size_t i = 0; i < static_cast<std::size_t>(curve.count); ++i) {
-        const WeightedPoint& point = curve.points[i];
-        if (!is_finite(point.x) || !is_finite(point.y) || !is_finite(point.z) || !is_finite(point.weight)) {
-            return false;
-        }
-    }
-    return true;
+    const WeightedPoint* points = curve.points.data();
+    return std::all_of(points, points + curve.count, [](const WeightedPoint& point) { return point.is_finite(); });
 }
 
 // Whether each parameter lies in one span only, so that all but degree + 1 basis functions are 0: the knots that
@@ -157,20 +166,22 @@ bool has_single_spans(const Curve& curve) {
 
 // The rational combination of `count` points. Returns false when the weighted sum is 0 or anything is not finite.
 template <typename Count>
-bool combine(const double* basis, const WeightedPoint* points, Count count, Position& position) {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-    double sum = 0;
+[[gnu::always_inline]] inline bool combine(const double* basis, const WeightedPoint* points, Count count,
+                                           Position& position) {
+    Pair xy{};
+    Pair z_and_sum{};
     for (int i = 0; i < count; ++i) {
         const double part = basis[i] * points[i].weight;
-        x += part * points[i].x;
-        y += part * points[i].y;
-        z += part * points[i].z;
-        sum += part;
+        xy += part * points[i].xy;
+        z_and_sum += part * points[i].z1;
     }
-    position = {x / sum, y / sum, z / sum};
-    return sum != 0 && is_finite(sum) && is_finite(position.x) && is_finite(position.y) && is_finite(position.z);
+    const double sum = z_and_sum[1];
+    xy /= Pair{sum, sum};
+    z_and_sum /= Pair{sum, 1.0};
+    position = {xy[0], xy[1], z_and_sum[0]};
+    // What is not finite, as all that is divided by 0, is not 0 when it is taken from itself.
+    const Pair zeros = (xy - xy) + (z_and_sum - z_and_sum);
+    return zeros[0] + zeros[1] == 0;
 }
 
 // As combine(), for parameters at which one point alone may count. The curve is there exactly, without what multiplying
@@ -191,7 +202,7 @@ bool combine_at_knot(const double* basis, const WeightedPoint* points, Count cou
     if (counting != 1 || !is_finite(last_part)) {
         return combine(basis, points, count, position);
     }
-    position = {last->x, last->y, last->z};
+    position = {last->xy[0], last->xy[1], last->z1[0]};
     return true;
 }
 
@@ -211,8 +222,9 @@ public:
         if (t >= behind_) {
             return at_knot(t, position);
         }
-        basis_.evaluate(t, values_);
-        return combine(values_, points_, kFunctions(), position);
+        double values[kMostFunctions];
+        basis_.evaluate(t, values);
+        return combine(values, points_, kFunctions(), position);
     }
 
     // At the start or the end of a span.
@@ -224,8 +236,9 @@ public:
         if (!reach(t)) {
             return false;
         }
-        basis_.evaluate(t, values_);
-        return combine_at_knot(values_, points_, kFunctions(), position);
+        double values[kMostFunctions];
+        basis_.evaluate(t, values);
+        return combine_at_knot(values, points_, kFunctions(), position);
     }
 
 private:
@@ -256,7 +269,6 @@ private:
     SpanBasis<Degree> basis_;
     const WeightedPoint* points_ = nullptr;  // the first that counts in the span
     double behind_ = 0;                      // where the span ends
-    double values_[kMostFunctions] = {};
 };
 
 // Evaluates a curve over any knots, from all of its basis functions.
@@ -299,17 +311,26 @@ public:
     void begin(const Position& position) { last_ = position; }
 
     bool add(const Position& next) {
-        auto* line = new (std::nothrow) C3DLine(last_.x, last_.y, last_.z, next.x, next.y, next.z);
-        if (line == nullptr || !lines_.AddAdopted(line)) {
-            delete line;
+        C3DLine* line = lines_.next();
+        if (line == nullptr) {
             return false;
         }
+        place(line->start, last_);
+        place(line->end, next);
         last_ = next;
         return true;
     }
 
+    void finish() { lines_.finish(); }
+
 private:
-    CExtArray<C3DLine>& lines_;
+    static void place(C3DPoint& point, const Position& position) {
+        point.x = position.x;
+        point.y = position.y;
+        point.z = position.z;
+    }
+
+    ArrayRewriter<C3DLine> lines_;
     Position last_{};
 };
 
@@ -362,34 +383,41 @@ bool draw_curve(const Curve& curve, int divisions, CExtArray<C3DLine>& lines) {
         return false;
     }
     SegmentChain chain(lines);
-    return has_single_spans(curve) ? kDrawByDegree[curve.degree - 1](curve, divisions, chain)
-                                   : draw<FullEvaluator>(curve, divisions, chain);
+    const Draw draw_spans = has_single_spans(curve) ? kDrawByDegree[curve.degree - 1] : draw<FullEvaluator>;
+    if (!draw_spans(curve, divisions, chain)) {
+        return false;
+    }
+    chain.finish();
+    return true;
+}
+
+// Sets whether there is anything to draw.
+bool gather(const CExtArray<double>& knots, const CExtArray<CNurbsCtrlPoint>& points, int divisions, Curve& curve,
+            bool& is_empty) {
+    curve.count = points.GetSize();
+    if (!gather_knots(knots, curve) || !gather_points(points, curve)) {
+        return false;
+    }
+    is_empty = !find_spans(curve) || count_segments(curve, divisions) == 0;
+    return true;
 }
 
 }  // namespace
 }  // namespace orvil::detail
 
+// Segments that are there are used again.
 bool CCalcNurbs::CreateLines(int divisions) {
     using namespace orvil::detail;
-    ClearLine();
-    if (dimension_ < kLowestDegree || dimension_ > kHighestDegree) {
-        return false;
+    bool is_empty = divisions < 1;
+    bool is_done = dimension_ >= kLowestDegree && dimension_ <= kHighestDegree;
+    if (is_done && !is_empty) {
+        Curve curve;
+        curve.degree = dimension_;
+        is_done = gather(knots_, ctrl_points_, divisions, curve, is_empty) &&
+                  (is_empty || draw_curve(curve, divisions, lines_));
     }
-    Curve curve;
-    curve.degree = dimension_;
-    curve.count = ctrl_points_.GetSize();
-    if (divisions < 1) {
-        return true;
-    }
-    if (!gather_knots(knots_, curve) || !gather_points(ctrl_points_, curve)) {
-        return false;
-    }
-    if (!find_spans(curve) || count_segments(curve, divisions) == 0) {
-        return true;
-    }
-    if (!draw_curve(curve, divisions, lines_)) {
+    if (!is_done || is_empty) {
         ClearLine();
-        return false;
     }
-    return true;
+    return is_done;
 }

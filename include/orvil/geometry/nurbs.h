@@ -30,10 +30,11 @@
 
 #include "orvil/export.h"
 #include "orvil/geometry/space_primitives.h"
+#include "orvil/runtime/stored_by_library.h"
 #include "orvil/strings/ext_array.h"
 
 /// A control point of a rational curve.
-class ORVIL_API CNurbsCtrlPoint {
+class ORVIL_API CNurbsCtrlPoint : public orvil::detail::StoredByLibrary {
 public:
     /// The origin, with the weight 1.
     CNurbsCtrlPoint();
@@ -54,7 +55,7 @@ public:
 };
 
 /// A point that a curve is to pass through.
-class ORVIL_API CNurbsFitPoint {
+class ORVIL_API CNurbsFitPoint : public orvil::detail::StoredByLibrary {
 public:
     /// The origin.
     CNurbsFitPoint();

@@ -20,6 +20,7 @@
 
 #include "orvil/export.h"
 #include "orvil/geometry/plane_transforms.h"
+#include "orvil/runtime/stored_by_library.h"
 #include "orvil/strings/ext_list.h"
 #include "orvil/strings/ext_string.h"
 
@@ -100,7 +101,7 @@ public:
 };
 
 /// A segment of space, from a start point to an end point.
-class ORVIL_API C3DLine {
+class ORVIL_API C3DLine : public orvil::detail::StoredByLibrary {
 public:
     /// Nothing to release.
     virtual ~C3DLine();

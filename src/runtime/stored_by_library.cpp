@@ -1,0 +1,23 @@
+#include "orvil/runtime/stored_by_library.h"
+
+#include "runtime/node_memory.h"
+
+namespace orvil::detail {
+
+void* StoredByLibrary::operator new(std::size_t size) noexcept {
+    return allocate_node(size);
+}
+
+void* StoredByLibrary::operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return allocate_node(size);
+}
+
+void StoredByLibrary::operator delete(void* block) noexcept {
+    free_node(block);
+}
+
+void StoredByLibrary::operator delete(void* block, const std::nothrow_t&) noexcept {
+    free_node(block);
+}
+
+}  // namespace orvil::detail
