@@ -17,6 +17,8 @@ TEST(OrvilCommandLine, HelpListsTheCommands) {
         "  format    write a file anew in the standard layout\n"
         "  new       make a file with one block of settings\n"
         "  messages  list messages, look one up, or put message files together\n"
+        "  params    print the parameters of blocks as tables\n"
+        "  params    print the parameters of blocks as tables\n"
         "\n"
         "orvil COMMAND --help    more about a command\n"
         "orvil --version         the program's version\n"

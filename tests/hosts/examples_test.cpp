@@ -9,6 +9,25 @@
 namespace orvil::test {
 namespace {
 
+TEST(Examples, CollectRecordsPrintsRecordsTablesAndItems) {
+    const ProgramResult result = run_program("collect_records", {});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out,
+              "pen has 3 records\n"
+              "  colour: i\n"
+              "  name: s\n"
+              "  width: d\n"
+              "width as text 0.350000000000000\n"
+              "Pens of the plotter: Label 100, Value 100\n"
+              "1 pens\n"
+              "colour ==> (Int) [7]\n"
+              "name ==> (Str) [pen 7]\n"
+              "width ==> (Dbl) [0.350000]\n"
+              "layers: Walls, Doors\n"
+              "doors has colour 3\n");
+    EXPECT_EQ(result.err, "");
+}
+
 TEST(Examples, ExplainErrorsFindsMapAndMessageOfEachNumber) {
     const ProgramResult result =
         run_program("explain_errors", {"examples/data/messages.cfg", "121001", "100", "31009"});
