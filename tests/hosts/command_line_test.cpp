@@ -17,7 +17,7 @@ TEST(OrvilCommandLine, HelpListsTheCommands) {
         "  format    write a file anew in the standard layout\n"
         "  new       make a file with one block of settings\n"
         "  messages  list messages, look one up, or put message files together\n"
-        "  params    print the parameters of blocks as tables\n"
+        "  figure    draw figures, and where they meet, as SVG\n"
         "  params    print the parameters of blocks as tables\n"
         "\n"
         "orvil COMMAND --help    more about a command\n"
