@@ -1,8 +1,10 @@
 #include "orvil/strings/ext_str_hash.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
+#include <iterator>
 
 #include "orvil/strings/ext_str_list.h"
 #include "strings/text_collection.h"
@@ -20,10 +22,12 @@ bool HashKeyForms::__Key_Format_I32_to_String(char* buffer, unsigned int value, 
     if (buffer == nullptr) {
         return false;
     }
-    std::snprintf(buffer, kKeyBufferSize,
-                  "\xFF\xFF%c\xFF\xFF"
-                  "0x%08X",
-                  letter, value);
+    const char start[] = {'\xFF', '\xFF', letter, '\xFF', '\xFF', '0', 'x'};
+    char* end = std::copy(std::begin(start), std::end(start), buffer);
+    for (int shift = 28; shift >= 0; shift -= 4) {
+        *end++ = "0123456789ABCDEF"[value >> shift & 0xF];
+    }
+    *end = '\0';
     return true;
 }
 
