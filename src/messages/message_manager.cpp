@@ -1,8 +1,8 @@
 #include "orvil/messages/message_manager.h"
 
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -11,11 +11,12 @@
 #include "orvil/messages/message_files.h"
 #include "orvil/tokens/block_tokens.h"
 #include "platform/platform.h"
-#include "strings/array_access.h"
+#include "strings/hash_access.h"
 #include "strings/string_access.h"
 #include "tokens/block_access.h"
 
 using orvil::detail::BlockAccess;
+using orvil::detail::HashAccess;
 using orvil::detail::kMessageFileBanner;
 using orvil::detail::kMessageMapName;
 using orvil::detail::StringAccess;
@@ -29,26 +30,34 @@ constexpr unsigned kReadableAndWritable = 0x100 | 0x80;
 // A subject code as the key of its map.
 class CodeKey {
 public:
-    explicit CodeKey(int code) { std::snprintf(text_, sizeof(text_), "%d", code); }
+    explicit CodeKey(int code) { *std::to_chars(text_, text_ + sizeof(text_) - 1, code).ptr = '\0'; }
     const char* text() const { return text_; }
 
 private:
     char text_[16];
 };
 
-// Where the code belongs among ascending ones that do not hold it.
+int code_at(const CExtStrArray& codes, int place) {
+    return orvil::platform::parse_int32(codes.GetAt(place));
+}
+
+// Where the code stands among ascending ones, or belongs.
 int place_of(const CExtStrArray& codes, int code) {
     int from = 0;
     int to = codes.GetSize();
     while (from < to) {
         const int middle = from + (to - from) / 2;
-        if (orvil::platform::parse_int32(codes.GetAt(middle)) < code) {
+        if (code_at(codes, middle) < code) {
             from = middle + 1;
         } else {
             to = middle;
         }
     }
     return from;
+}
+
+bool stands_at(const CExtStrArray& codes, int place, int code) {
+    return place < codes.GetSize() && code_at(codes, place) == code;
 }
 
 // Adds a code at its place. False without memory; then nothing has changed.
@@ -72,9 +81,13 @@ bool insert_code(CExtStrArray& codes, int place, const char* code) {
 
 // Lets the key lead to the value. False without memory; then nothing has changed.
 bool set_entry(CExtStrHash& hash, const char* key, const char* value) {
+    const int count = hash.GetCount();
     CExtString text(value);
+    if (text.IsEmpty()) {
+        return false;
+    }
     CExtString& entry = hash[key];
-    if (text.IsEmpty() || !hash.IsExistKey(key)) {
+    if (hash.GetCount() == count && !hash.IsExistKey(key)) {
         return false;
     }
     StringAccess::swap(entry, text);
@@ -132,17 +145,18 @@ int CMessageManager::GetItemCount() const {
 }
 
 bool CMessageManager::AddMap(const CMessageMap& map) {
-    return SearchMessageMap(map.GetSubjectKeyCode()) == nullptr && Adopt(map, map.GetCopyInstance());
+    const int code = map.GetSubjectKeyCode();
+    const int place = place_of(codes_, code);
+    return !stands_at(codes_, place, code) && Adopt(place, map, map.GetCopyInstance());
 }
 
-bool CMessageManager::Adopt(const CMessageMap& subject, CMessageMap* map) {
+// Takes a map over, or deletes it. The subject is that of the map which it is a copy of.
+bool CMessageManager::Adopt(int place, const CMessageMap& subject, CMessageMap* map) {
     std::unique_ptr<CMessageMap> owner(map);
-    const int code = subject.GetSubjectKeyCode();
-    const CodeKey key(code);
-    if (map == nullptr || maps_.IsExistKey(key.text()) || !maps_.SetAt(key.text(), map)) {
+    const CodeKey key(subject.GetSubjectKeyCode());
+    if (map == nullptr || !maps_.SetAt(key.text(), map)) {
         return false;
     }
-    const int place = place_of(codes_, code);
     const bool listed = insert_code(codes_, place, key.text());
     if (!listed || !set_entry(titles_, subject.GetSubjectKeyText(), key.text())) {
         if (listed) {
@@ -151,6 +165,8 @@ bool CMessageManager::Adopt(const CMessageMap& subject, CMessageMap* map) {
         maps_.RemoveKey(key.text());
         return false;
     }
+    HashAccess::keep_chains_short(maps_);
+    HashAccess::keep_chains_short(titles_);
     owner.release();
     return true;
 }
@@ -195,9 +211,14 @@ bool CMessageManager::Load(const char* path) {
     for (int i = BlockAccess::find_block(root, kMessageMapName, 0); i >= 0;
          i = BlockAccess::find_block(root, kMessageMapName, i + 1)) {
         std::unique_ptr<CMessageMap> map(new (std::nothrow) CMessageMap);
-        if (map != nullptr && CMessageLoader().Parse(*BlockAccess::child(root, i), *map)) {
-            const CMessageMap& subject = *map;
-            Adopt(subject, map.release());
+        if (map == nullptr || !CMessageLoader().Parse(*BlockAccess::child(root, i), *map)) {
+            continue;
+        }
+        const CMessageMap& loaded = *map;
+        const int code = loaded.GetSubjectKeyCode();
+        const int place = place_of(codes_, code);
+        if (!stands_at(codes_, place, code)) {
+            Adopt(place, loaded, map.release());
         }
     }
     return true;

@@ -1,14 +1,16 @@
 #include "orvil/messages/message_map.h"
 
+#include <charconv>
 #include <cstddef>
-#include <cstdio>
 #include <memory>
 #include <new>
 
 #include "strings/array_access.h"
+#include "strings/hash_access.h"
 #include "strings/string_access.h"
 
 using orvil::detail::ArrayAccess;
+using orvil::detail::HashAccess;
 using orvil::detail::StringAccess;
 
 namespace {
@@ -43,11 +45,6 @@ void set_text(CExtString& target, const char* text) {
     StringAccess::swap(target, copy);
 }
 
-// The number of buckets of a hash, which hashes tell nobody but those who derive from them.
-struct IndexSize : CExtHash<int> {
-    static int of(const CExtHash<int>& index) { return index.*(&IndexSize::table_size_); }
-};
-
 }  // namespace
 
 // --- construction ---------------------------------------------------------------------------------------------------
@@ -78,8 +75,8 @@ bool CMessageMap::CopyData(const CMessageMap& source) {
     set_text(subject_text_, source.subject_text_);
     subject_code_ = source.subject_code_;
     DeleteAllItems();
-    const int buckets = IndexSize::of(source.index_);
-    if (buckets != IndexSize::of(index_) && !index_.InitializeHashTable(buckets, true)) {
+    const int buckets = HashAccess::buckets(source.index_);
+    if (buckets != HashAccess::buckets(index_) && !index_.InitializeHashTable(buckets, true)) {
         return false;
     }
     for (int position = 0; position < source.GetItemCount(); ++position) {
@@ -191,8 +188,8 @@ bool CMessageMap::MakeCodeArray(CExtStrArray& out) const {
     for (int position = 0; stored && position < GetItemCount(); ++position) {
         if (const CMsgMapItem* item = GetItem(position)) {
             char code[kCodeSize];
-            const int length = std::snprintf(code, sizeof(code), "%d", item->code);
-            stored = ArrayAccess::append(out, code, length);
+            const char* end = std::to_chars(code, code + sizeof(code), item->code).ptr;
+            stored = ArrayAccess::append(out, code, static_cast<int>(end - code));
         }
     }
     return true;

@@ -137,6 +137,20 @@ TEST(MessageManager, RemovesAllMapsAndCanBeFilledAgain) {
     EXPECT_EQ(show_all(manager), "[4 Again: 1=of 4]");
 }
 
+// A search through all maps for each of them would take minutes here.
+TEST(MessageManager, ManyMapsAreAddedAndFoundInShortTime) {
+    constexpr int kMaps = 40000;
+    CMessageManager manager;
+    for (int code = 0; code < kMaps; ++code) {
+        ASSERT_TRUE(manager.AddMap(titled_map(code, ("T" + std::to_string(code)).c_str())));
+    }
+    for (int code = 0; code < kMaps; ++code) {
+        ASSERT_EQ(code_of(manager.SearchMessageMap(code)), code);
+        ASSERT_EQ(code_of(manager.SearchMessageMap(("T" + std::to_string(code)).c_str())), code);
+        ASSERT_EQ(manager.GetMessageMap(code), manager.SearchMessageMap(code));
+    }
+}
+
 // --- maps of other classes ------------------------------------------------------------------------------------------
 
 class CountedMap : public CMessageMap {

@@ -92,7 +92,7 @@ public:
 
 private:
     CMessageMap* MapOfKey(const char* key) const;
-    bool Adopt(const CMessageMap& subject, CMessageMap* map);
+    bool Adopt(int place, const CMessageMap& subject, CMessageMap* map);
 
     CExtStrArray codes_;           // subject codes in decimal, ascending
     CExtHash<CMessageMap*> maps_;  // decimal code to map

@@ -14,6 +14,8 @@
 
 namespace orvil::detail {
 
+struct HashAccess;
+
 /// The reserved forms of keys that are no texts. Each begins with the bytes FF FF, a letter for the kind, FF FF, so
 /// that keys of different kinds never meet, nor any ordinary text.
 struct ORVIL_API HashKeyForms {
@@ -230,6 +232,8 @@ protected:
     const char** snapshot_ = nullptr;  ///< what OpenKeys() took, or null
 
 private:
+    friend struct HashAccess;
+
     static constexpr int kDefaultSize = 37;
 
     static const char* TextOrEmpty(const char* key) { return key == nullptr ? "" : key; }
