@@ -19,6 +19,7 @@ using orvil::detail::BlockAccess;
 using orvil::detail::HashAccess;
 using orvil::detail::kMessageFileBanner;
 using orvil::detail::kMessageMapName;
+using orvil::detail::ManagerAccess;
 using orvil::detail::StringAccess;
 
 namespace {
@@ -102,6 +103,44 @@ bool may_be_written(const char* path) {
 
 }  // namespace
 
+namespace orvil::detail {
+
+struct ManagerAccess {
+    // Takes a map over, or deletes it when it is refused. The subject is that of the map which it is a copy of.
+    static bool adopt(CMessageManager& manager, const CMessageMap& subject, CMessageMap* map) {
+        std::unique_ptr<CMessageMap> owner(map);
+        const int code = subject.GetSubjectKeyCode();
+        const CodeKey key(code);
+        const int place = place_of(manager.codes_, code);
+        if (map == nullptr || stands_at(manager.codes_, place, code) || !manager.maps_.SetAt(key.text(), map)) {
+            return false;
+        }
+        const bool listed = insert_code(manager.codes_, place, key.text());
+        if (!listed || !set_entry(manager.titles_, subject.GetSubjectKeyText(), key.text())) {
+            if (listed) {
+                manager.codes_.Remove(place);
+            }
+            manager.maps_.RemoveKey(key.text());
+            return false;
+        }
+        HashAccess::keep_chains_short(manager.maps_);
+        HashAccess::keep_chains_short(manager.titles_);
+        owner.release();
+        return true;
+    }
+
+    // The map of a subject code as text; null when there is none or no text.
+    static CMessageMap* find(const CMessageManager& manager, const char* key) {
+        CMessageMap* map = nullptr;
+        if (key != nullptr) {
+            manager.maps_.Lookup(key, map);
+        }
+        return map;
+    }
+};
+
+}  // namespace orvil::detail
+
 // --- construction ---------------------------------------------------------------------------------------------------
 
 CMessageManager::CMessageManager() : maps_(kBuckets), titles_(kBuckets) {
@@ -145,50 +184,20 @@ int CMessageManager::GetItemCount() const {
 }
 
 bool CMessageManager::AddMap(const CMessageMap& map) {
-    const int code = map.GetSubjectKeyCode();
-    const int place = place_of(codes_, code);
-    return !stands_at(codes_, place, code) && Adopt(place, map, map.GetCopyInstance());
-}
-
-// Takes a map over, or deletes it. The subject is that of the map which it is a copy of.
-bool CMessageManager::Adopt(int place, const CMessageMap& subject, CMessageMap* map) {
-    std::unique_ptr<CMessageMap> owner(map);
-    const CodeKey key(subject.GetSubjectKeyCode());
-    if (map == nullptr || !maps_.SetAt(key.text(), map)) {
-        return false;
-    }
-    const bool listed = insert_code(codes_, place, key.text());
-    if (!listed || !set_entry(titles_, subject.GetSubjectKeyText(), key.text())) {
-        if (listed) {
-            codes_.Remove(place);
-        }
-        maps_.RemoveKey(key.text());
-        return false;
-    }
-    HashAccess::keep_chains_short(maps_);
-    HashAccess::keep_chains_short(titles_);
-    owner.release();
-    return true;
+    return SearchMessageMap(map.GetSubjectKeyCode()) == nullptr &&
+           ManagerAccess::adopt(*this, map, map.GetCopyInstance());
 }
 
 CMessageMap* CMessageManager::GetMessageMap(int position) const {
-    return MapOfKey(codes_.GetAt(position));
+    return ManagerAccess::find(*this, codes_.GetAt(position));
 }
 
 CMessageMap* CMessageManager::SearchMessageMap(int code) const {
-    return MapOfKey(CodeKey(code).text());
+    return ManagerAccess::find(*this, CodeKey(code).text());
 }
 
 CMessageMap* CMessageManager::SearchMessageMap(const char* title) const {
-    return MapOfKey(titles_[title]);
-}
-
-CMessageMap* CMessageManager::MapOfKey(const char* key) const {
-    CMessageMap* map = nullptr;
-    if (key != nullptr) {
-        maps_.Lookup(key, map);
-    }
-    return map;
+    return ManagerAccess::find(*this, titles_[title]);
 }
 
 bool CMessageManager::RemoveAll() {
@@ -211,14 +220,9 @@ bool CMessageManager::Load(const char* path) {
     for (int i = BlockAccess::find_block(root, kMessageMapName, 0); i >= 0;
          i = BlockAccess::find_block(root, kMessageMapName, i + 1)) {
         std::unique_ptr<CMessageMap> map(new (std::nothrow) CMessageMap);
-        if (map == nullptr || !CMessageLoader().Parse(*BlockAccess::child(root, i), *map)) {
-            continue;
-        }
-        const CMessageMap& loaded = *map;
-        const int code = loaded.GetSubjectKeyCode();
-        const int place = place_of(codes_, code);
-        if (!stands_at(codes_, place, code)) {
-            Adopt(place, loaded, map.release());
+        if (map != nullptr && CMessageLoader().Parse(*BlockAccess::child(root, i), *map)) {
+            const CMessageMap& loaded = *map;
+            ManagerAccess::adopt(*this, loaded, map.release());
         }
     }
     return true;

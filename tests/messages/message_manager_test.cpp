@@ -198,6 +198,34 @@ TEST(MessageManagerCopies, RefusedMapIsNotCopied) {
     EXPECT_EQ(CountedMap::alive, 1);
 }
 
+// A map that adds others while it is copied.
+class BusyMap : public CMessageMap {
+public:
+    explicit BusyMap(CMessageManager& manager) : manager_(manager) {}
+    CMessageMap* GetCopyInstance() const override {
+        for (int code : {1, 5, 9}) {
+            manager_.AddMap(titled_map(code, "Other"));
+        }
+        return CMessageMap::GetCopyInstance();
+    }
+
+private:
+    CMessageManager& manager_;
+};
+
+TEST(MessageManagerCopies, MapMayAddOthersWhileItIsCopied) {
+    CMessageManager manager;
+    BusyMap map(manager);
+    map.SetupSubjectKey(6, "Busy");
+    EXPECT_TRUE(manager.AddMap(map));
+    EXPECT_EQ(show_all(manager), "[1 Other: 1=of 1][5 Other: 1=of 5][6 Busy:][9 Other: 1=of 9]");
+    map.SetupSubjectKey(5, "Busy");
+    EXPECT_FALSE(manager.AddMap(map));
+    manager.RemoveAll();
+    EXPECT_FALSE(manager.AddMap(map));
+    EXPECT_EQ(manager.GetItemCount(), 3);
+}
+
 // --- copying managers -----------------------------------------------------------------------------------------------
 
 TEST(MessageManagerCopy, ReplacesTheMaps) {

@@ -23,6 +23,10 @@
 #include "orvil/strings/ext_str_array.h"
 #include "orvil/strings/ext_str_hash.h"
 
+namespace orvil::detail {
+struct ManagerAccess;
+}
+
 /// Message maps by code and title.
 ///
 /// The manager owns copies of the maps that it is given. They are ordered by code, and no two have the same one;
@@ -91,8 +95,7 @@ public:
     static int GetFinalErrorCode(int mapCode, int messageCode);
 
 private:
-    CMessageMap* MapOfKey(const char* key) const;
-    bool Adopt(int place, const CMessageMap& subject, CMessageMap* map);
+    friend struct orvil::detail::ManagerAccess;
 
     CExtStrArray codes_;           // subject codes in decimal, ascending
     CExtHash<CMessageMap*> maps_;  // decimal code to map
