@@ -245,6 +245,10 @@ double place_arc_error(Random& random, Kind kind) {
     if (!after.MatrixCalculation(step)) {
         return kNoCase;
     }
+    const double radius = after.GetLongRadius();
+    if (std::fabs(radius * std::sin(2.0 * after.start)) < 1e-7) {
+        return kNoCase;  // the tolerance makes it the end of an axis
+    }
     const bool is_mirrored = (step.scale.x < 0.0) != (step.scale.y < 0.0);
     const RealPoint start = placed(point_at(before, is_mirrored ? before.end : before.start), step);
     return error(point_at(after, after.start), start, size_of(before, after, step));

@@ -11,6 +11,8 @@
 /// One period is the double nearest to 2 pi, 6.283185307179586, and the results are those of arithmetic with that
 /// double. It lies 2.4e-16 below 2 pi, so an angle of n turns keeps an error of n times that.
 ///
+/// Worst errors are those of millions of random cases beside arithmetic of more digits; docs/accuracy.md has them all.
+///
 /// @code
 /// double start = 350.0, end = 10.0;
 /// CA_ARCAN(start, end);                                  // -10, 10: from start to end is now the sweep
@@ -88,16 +90,16 @@ ORVIL_API int ABS(int v);
 /// @return @p v without its sign bit
 ORVIL_API double FABS(double v);
 
-/// @return degrees: @p radians times 180, then divided by pi
+/// @return degrees: @p radians times 180, then divided by pi. Relative error at most 3e-16.
 ORVIL_API double RTOD(double radians);
-/// @return radians: @p degrees times pi, then divided by 180
+/// @return radians: @p degrees times pi, then divided by 180. Relative error at most 3e-16.
 ORVIL_API double DTOR(double degrees);
 
 /// @return whether the magnitude of @p value is below @p tolerance; equal is not below, and NaN never is
 ORVIL_API bool ZERO(double value, double tolerance);
 
 /// @return the square root of a a + b b. The squares are formed as they stand: beyond 1e154 they are infinite, and so
-/// is the result; below 1e-162 they are 0.
+/// is the result; below 1e-162 they are 0. In between the relative error is at most 3e-16, down to 1e-146.
 ORVIL_API double HYPOT(double a, double b);
 
 // --- directions ------------------------------------------------------------------------------------------------------
@@ -105,14 +107,17 @@ ORVIL_API double HYPOT(double a, double b);
 /// The direction of the vector from (@p x2, @p y2) to (@p x1, @p y1): it points towards what is named first.
 ///
 /// A difference of coordinates below 1e-8 counts as none. Directions along an axis are returned as the exact doubles 0,
-/// pi/2, pi and 3 pi/2, and 0 when both differences are none; others are atan2, raised by 2 pi when negative.
+/// pi/2, pi and 3 pi/2, and 0 when both differences are none; others are atan2, raised by 2 pi when negative, with a
+/// relative error of at most 4e-16.
 /// @return radians in [0, 2 pi); NaN when a difference that counts is NaN
 ORVIL_API double GET_ANGLE(double x1, double y1, double x2, double y2);
 /// @return GET_ANGLE(p1.x, p1.y, p2.x, p2.y), the direction from @p p2 to @p p1
 ORVIL_API double GET_ANGLE(const C2DPoint& p1, const C2DPoint& p2);
 
 // --- single angles ---------------------------------------------------------------------------------------------------
-// An infinite or NaN angle is left as it is.
+// An infinite or NaN angle is left as it is. Each turn in radians that is taken away may round: the error is below
+// 5e-16 of the angle given (or of a turn, if that is more) up to 16 turns, 6e-11 of it at a million; beyond, the
+// remainder is exact. Degrees lose nothing but the rounding of the result, 2e-16.
 
 /// Brings an angle into [0, 360] by whole turns: a negative one by as few as make it 0 or more, one above 360 by as few
 /// as make it 360 or less. So 360 and 720 become 360, -360 and 0 become 0. @param degrees in and out @return 0
@@ -129,6 +134,7 @@ ORVIL_API void ANG_CVT_STD(double& angle);
 ORVIL_API void ANGSTDDEG(double& angle);
 
 // --- the two angles of an arc ----------------------------------------------------------------------------------------
+// Both angles are as accurate as the single ones are.
 
 /// Brings the angles of an arc into order: end at or above start, the sweep in [0, 360], end at most 360, so that start
 /// may be negative. A sweep of 0 is kept. One above 359.999, at first or in the end, becomes exactly 0 and 360.
