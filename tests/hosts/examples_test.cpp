@@ -64,6 +64,15 @@ TEST(Examples, ListLayersSaysThatAFileIsMissing) {
     EXPECT_EQ(result.err, "cannot read the layers: Can not open source file [examples/data/none.cfg]\n");
 }
 
+TEST(Examples, PlaceFigurePrintsThePlacedDoor) {
+    const ProgramResult result = run_program("place_figure", {});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out,
+              "leaf from (4.00, 2.00) to (4.00, 2.90)\n"
+              "swing about (4.00, 2.00), radius 0.90, from 0 to 90 degrees\n");
+    EXPECT_EQ(result.err, "");
+}
+
 TEST(Examples, ReadSettingsPrintsTheLayers) {
     const ProgramResult result = run_program("read_settings", {"examples/data/layers.cfg"});
     EXPECT_EQ(result.exit_code, 0);
