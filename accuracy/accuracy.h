@@ -81,6 +81,8 @@ Real length(RealPoint p);
 
 void add_scalars(Functions& functions);
 void add_plane_figures(Functions& functions);
+void add_plane_functions(Functions& functions);
+void add_plane_ellipses(Functions& functions);
 void add_space_figures(Functions& functions);
 
 }  // namespace orvil::accuracy

@@ -49,6 +49,8 @@ int main(int argc, char** argv) {
     Functions functions;
     add_scalars(functions);
     add_plane_figures(functions);
+    add_plane_functions(functions);
+    add_plane_ellipses(functions);
     add_space_figures(functions);
 
     std::printf("| Function | Error relative to | Ordinary | Huge | Tiny | Nearly degenerate |\n");

@@ -3,6 +3,7 @@
 
 #include "accuracy.h"
 #include "orvil/geometry/plane_transforms.h"
+#include "plane_cases.h"
 
 namespace orvil::accuracy {
 
@@ -27,44 +28,12 @@ Sizes sizes_of(Kind kind) {
     }
 }
 
-C2DPoint any_point(Random& random, double size) {
-    return C2DPoint(random.between(-size, size), random.between(-size, size));
-}
-
-C2DPoint near(Random& random, const C2DPoint& point, double size) {
-    return C2DPoint(point.x + random.between(-size, size), point.y + random.between(-size, size));
-}
-
 double any_turn(Random& random, Kind kind) {
     return kind == Kind::Huge ? random.magnitude(1.0, 1e6) : random.between(-7.0, 7.0);
 }
 
-RealPoint real(const C2DPoint& p) {
-    return {p.x, p.y};
-}
-
-RealPoint operator+(RealPoint p, RealPoint q) {
-    return {p.x + q.x, p.y + q.y};
-}
-
-RealPoint operator-(RealPoint p, RealPoint q) {
-    return {p.x - q.x, p.y - q.y};
-}
-
-RealPoint operator*(Real factor, RealPoint p) {
-    return {factor * p.x, factor * p.y};
-}
-
 RealPoint scaled(RealPoint p, const C2DPoint& scale) {
     return {p.x * scale.x, p.y * scale.y};
-}
-
-Real dot(RealPoint p, RealPoint q) {
-    return p.x * q.x + p.y * q.y;
-}
-
-RealPoint left_of(RealPoint p) {
-    return {-p.y, p.x};
 }
 
 // --- points ----------------------------------------------------------------------------------------------------------
@@ -198,11 +167,6 @@ C2DEllipse any_ellipse(Random& random, Kind kind) {
     ellipse.start = random.between(0.0, 6.28);
     ellipse.end = random.between(0.0, 6.28);
     return ellipse;
-}
-
-RealPoint point_at(const C2DEllipse& e, Real t) {
-    const RealPoint axis = real(e.axis);
-    return real(e.center) + std::cos(t) * axis + e.ratio * std::sin(t) * left_of(axis);
 }
 
 C2DMatrixItem any_ellipse_step(Random& random, Kind kind) {

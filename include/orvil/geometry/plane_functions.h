@@ -20,9 +20,11 @@
 /// for larger ones products overflow, and for these, for infinities and for NaN each function says what comes back
 /// ("not finite" stands for all three).
 ///
-/// Accuracy is given as the worst error among random figures, measured against 113-bit arithmetic; how it is measured,
-/// and of which figures, is in docs/accuracy.md. u stands for 2.2e-16 times the greatest magnitude among the input
-/// coordinates and radii.
+/// Accuracy is the worst error among a million random figures of each kind, ordinary, huge, tiny and nearly degenerate,
+/// beside arithmetic of more digits. It is given relative to what rounding of the input alone would make of it: a sine
+/// is that of the angle at which two things meet, and the reach of an ellipse is its long radius plus the distance of
+/// its centre from the origin. Figures within a tolerance are not counted. docs/accuracy.md has the errors kind by
+/// kind.
 ///
 /// @code
 /// C2DPoint meeting;
@@ -45,6 +47,7 @@
 /// @return 0: they meet, and CA_ONLIN() finds @p p on both segments; 1: they meet beyond an end of at least one; 2:
 /// they are parallel, or one segment has no length. Figures that are not finite give 1, with a @p p that is not finite,
 /// or 2.
+/// @remark Accuracy: 3e-16 of the coordinates over the sine.
 ORVIL_API int CA_INS2L(const C2DPoint& a1, const C2DPoint& a2, const C2DPoint& b1, const C2DPoint& b2, C2DPoint& p);
 
 /// Whether @p p lies on the segment from @p a to @p b.
@@ -53,6 +56,7 @@ ORVIL_API int CA_INS2L(const C2DPoint& a1, const C2DPoint& a2, const C2DPoint& b
 /// its perpendicular lies between the ends or on one.
 /// @return 0: it lies on the segment; 1: it does not. On a segment without length only the ends count. Coordinates that
 /// are not finite give 1, but where @p p is an end itself and finite.
+/// @remark Accuracy: right wherever the distance is off the tolerance by more than 1e-15 of the coordinates.
 ORVIL_API int CA_ONLIN(const C2DPoint& a, const C2DPoint& b, const C2DPoint& p);
 
 /// On which side of a line a point lies, seen along the line from its start to its end.
@@ -61,6 +65,7 @@ ORVIL_API int CA_ONLIN(const C2DPoint& a, const C2DPoint& b, const C2DPoint& p);
 /// line times the line's length.
 /// @param side -1: to the left; +1: to the right; 0: on the infinite line, or the product is NaN
 /// @return 0, or 1 when the line is shorter than 1e-8; @p side then keeps its value
+/// @remark Accuracy: right wherever the product is off the tolerance by more than 1e-15 of what is multiplied.
 ORVIL_API int CA_POSLN(const C2DLine& line, const C2DPoint& p, int& side);
 
 /// The foot of the perpendicular from @p p on the infinite line through @p a and @p b, and the length of it.
@@ -70,12 +75,14 @@ ORVIL_API int CA_POSLN(const C2DLine& line, const C2DPoint& p, int& side);
 /// @param foot keeps its value for the result -1 @param distance from @p p to the foot; 0 for the result -1
 /// @return 0: the foot lies on the segment; 1: it lies beyond an end; -1: @p a and @p b are nearer to each other than
 /// 1e-8. Where something is not finite, foot and distance need not be finite either, and a foot of NaN gives 1.
+/// @remark Accuracy: 4e-16 of the coordinates, @p p's as seen from @p a.
 ORVIL_API int CA_PERLN(const C2DPoint& a, const C2DPoint& b, const C2DPoint& p, C2DPoint& foot, double& distance);
 
 /// Reflects @p p in the infinite line through @p a and @p b. C2DPoint::Mirror() is the same computation.
 /// @param out the reflection; it keeps its value when there is none
 /// @return true; false when the squared distance of @p a and @p b is below 1e-8, so for an axis shorter than 1e-4. What
 /// is not finite makes @p out so.
+/// @remark Accuracy: 9e-16 of the coordinates, @p p's as seen from @p a.
 ORVIL_API bool CA_MIRROR(const C2DPoint& p, const C2DPoint& a, const C2DPoint& b, C2DPoint& out);
 
 // --- circles ---------------------------------------------------------------------------------------------------------
@@ -91,6 +98,7 @@ ORVIL_API bool CA_MIRROR(const C2DPoint& p, const C2DPoint& a, const C2DPoint& b
 /// @param count 0, 1 or 2
 /// @return 0; 1, with @p count 0, when both coordinates of the axis vector are below 1e-8 or the line has no length.
 /// NaN gives @p count 0; an infinite radius may give two points that are not finite.
+/// @remark Accuracy: 4e-16 of the coordinates times the radius over half the chord.
 ORVIL_API int CA_INSLC(const C2DEllipse& circle, const C2DLine& line, C2DPoint& p1, C2DPoint& p2, int& count);
 
 /// The arc through three points, from @p p1 through @p p2 to @p p3 or, where these run clockwise, from @p p3 to @p p1:
@@ -99,6 +107,8 @@ ORVIL_API int CA_INSLC(const C2DEllipse& circle, const C2DLine& line, C2DPoint& 
 /// when negative, so in [0, 2 pi) or, for a tiny negative, 2 pi itself @param end likewise; it may be below @p start
 /// @return true; false, every output as it was, when the raw cross product of @p p2 - @p p1 and @p p3 - @p p1, twice
 /// the area of the triangle, is below 1e-4, or when something is not finite
+/// @remark Accuracy: centre and radius 4e-16 of the coordinates and of the radius over the sine at @p p1;
+/// angles 1.2e-15 over that sine.
 ORVIL_API bool CA_ARC3P(const C2DPoint& p1, const C2DPoint& p2, const C2DPoint& p3, C2DPoint& centre, double& radius,
                         double& start, double& end);
 
@@ -109,6 +119,7 @@ ORVIL_API bool CA_ARC3P(const C2DPoint& p1, const C2DPoint& p2, const C2DPoint& 
 /// @param t2 the one to the left @param count 2; 0, with both points (0, 0), when D - r^2 is not above 0 (@p p lies
 /// inside or exactly on the circle) or not finite
 /// @return true
+/// @remark Accuracy: 2.2e-16 of the coordinates and of the radius over the sine between tangent and radius to @p p.
 ORVIL_API bool CA_PCTAN(const C2DPoint& centre, double r, const C2DPoint& p, C2DPoint& t1, C2DPoint& t2, int& count);
 
 /// Where two circular arcs meet.
@@ -135,6 +146,7 @@ ORVIL_API bool CA_PCTAN(const C2DPoint& centre, double r, const C2DPoint& p, C2D
 /// points would not be finite; where circles do not meet, and for arcs of one circle, they keep their values.
 /// @return 0; 1, with @p count 0, when a radius is not above 0, or when the arcs are identical: centres, radii, starts
 /// and ends within 1e-8. A start of NaN does not bound its arc; an end of NaN leaves everything out.
+/// @remark Accuracy: 2.6e-16 of the coordinates and of the greatest length squared over half the common chord.
 ORVIL_API int CA_INS2C(const C2DPoint& c1, double Ra, double s1, double e1, const C2DPoint& c2, double Rb, double s2,
                        double e2, C2DPoint& p1, C2DPoint& p2, int& count);
 
@@ -142,6 +154,7 @@ ORVIL_API int CA_INS2C(const C2DPoint& c1, double Ra, double s1, double e1, cons
 /// @param centre of the circle @param r its radius @param angleDeg the direction, in degrees @param out the point; not
 /// finite when something else is not
 /// @return true
+/// @remark Accuracy: 2.5e-15 of the coordinates and the radius, within two turns.
 ORVIL_API bool GET_ONPC(const C2DPoint& centre, double r, double angleDeg, C2DPoint& out);
 
 // --- lines and ellipses ----------------------------------------------------------------------------------------------
@@ -165,6 +178,7 @@ ORVIL_API bool GET_ONPC(const C2DPoint& centre, double r, double angleDeg, C2DPo
 /// @param count 0, 1 or 2; two meeting points within 1e-6 of each other are one, the first
 /// @return true; false, with @p count 0, when the greater root is exactly 0, or when a radius, its square or the
 /// square's reciprocal is 0 or not finite. A line that is not finite gives @p count 0.
+/// @remark Accuracy: 3e-16 of the reach over the ratio and over half the chord, that as a chord of the unit circle.
 ORVIL_API bool CAL_INSLE(const C2DPoint& l1, const C2DPoint& l2, const C2DPoint& centre, const C2DPoint& axis,
                          double ratio, C2DPoint& p1, C2DPoint& p2, int& count);
 
@@ -177,6 +191,7 @@ ORVIL_API bool CAL_INSLE(const C2DPoint& l1, const C2DPoint& l2, const C2DPoint&
 /// @param p1 the first point on the arc @param p2 the second one; points that are not found are (0, 0). Where only the
 /// second of two meeting points lies on the arc, it is @p p1. @param count 0, 1 or 2
 /// @return 0; -1, with @p count 0, when CAL_INSLE() fails
+/// @remark Accuracy: as CAL_INSLE().
 ORVIL_API int A2D_INSL1(const double l1[2], const double l2[2], const double centre[2], double longDiameter,
                         double shortDiameter, double rotation, const double angles[2], double p1[2], double p2[2],
                         int* count);
@@ -191,6 +206,7 @@ ORVIL_API int A2D_INSL1(const double l1[2], const double l2[2], const double cen
 /// radius @param direction of the tangent @param p1 out @param p2 out; both are the centre when there is no ellipse,
 /// and not finite when something else is not
 /// @return true
+/// @remark Accuracy: 1.5e-15 of the reach over the ratio.
 ORVIL_API bool CAL_ELPPN(const C2DPoint& centre, const C2DPoint& axis, double ratio, double direction, C2DPoint& p1,
                          C2DPoint& p2);
 
@@ -201,6 +217,7 @@ ORVIL_API bool CAL_ELPPN(const C2DPoint& centre, const C2DPoint& axis, double ra
 /// @param out1 the first point that CAL_INSLE() finds on the line from @p centre to @p centre + (0, 100)
 /// @param out2 @p q1 or @p q2
 /// @return true; false, both outputs as they were, when CAL_INSLE() fails or finds nothing
+/// @remark Accuracy: 5e-16 of the reach over the ratio. Beside coordinates above 1e16 nothing is left of the 100.
 ORVIL_API bool CAL_ELPRR(const C2DPoint& centre, const C2DPoint& axis, double ratio, const C2DPoint& q1,
                          const C2DPoint& q2, C2DPoint& out1, C2DPoint& out2);
 
@@ -212,6 +229,7 @@ ORVIL_API bool CAL_ELPRR(const C2DPoint& centre, const C2DPoint& axis, double ra
 /// @param centre of the ellipse @param axis from there to the end of the major axis @param ratio short radius over long
 /// radius; its sign has no effect @param t parameter angle @param out the point; it keeps its value when there is none
 /// @return true; false when CAL_INSLE() fails or finds nothing, so also for a @p t that is not finite
+/// @remark Accuracy: 9e-16 of the reach and of the short radius over sin t, away from the tips.
 ORVIL_API bool CAL_ELPCP(const C2DPoint& centre, const C2DPoint& axis, double ratio, double t, C2DPoint& out);
 
 /// The axes of the ellipse of which two points are the ends of conjugate semi-diameters.
@@ -222,6 +240,7 @@ ORVIL_API bool CAL_ELPCP(const C2DPoint& centre, const C2DPoint& axis, double ra
 /// @param longRadius out @param shortRadius out @param axisAngle out: in [0, 2 pi), one of the two directions of the
 /// major axis; exactly 0 when the radii differ by less than 1e-8
 /// @return true; false, every output as it was, when a radius is below 1e-6 or not finite
+/// @remark Accuracy: radii 6e-16 of the long one; direction 1.1e-15 over 1 - (short / long)^2.
 ORVIL_API bool CAL_ELPDT(const C2DPoint& p1, const C2DPoint& p2, const C2DPoint& centre, double& longRadius,
                          double& shortRadius, double& axisAngle);
 
@@ -234,6 +253,7 @@ ORVIL_API bool CAL_ELPDT(const C2DPoint& p1, const C2DPoint& p2, const C2DPoint&
 /// the box so, or meaningless
 /// @return true; false, both corners as they were, when @p start and @p end agree within 1e-8: here that is no whole
 /// turn
+/// @remark Accuracy: 5e-16 of the reach.
 ORVIL_API bool CA_ELAMN2(const C2DPoint& centre, double longDiameter, double shortDiameter, double rotation,
                          double start, double end, C2DPoint& minCorner, C2DPoint& maxCorner);
 
@@ -247,6 +267,7 @@ ORVIL_API bool CA_ELAMN2(const C2DPoint& centre, double longDiameter, double sho
 /// that agree within 1e-8 are a whole turn @param direction of the tangents @param p1 the point furthest to the left of
 /// the direction @param p2 the one furthest to the right; not finite when something else is not
 /// @return true
+/// @remark Accuracy: 1e-15 of the reach over the ratio.
 ORVIL_API bool CAL_ANGPT(const C2DPoint& centre, double a, double b, double rotation, double start, double end,
                          double direction, C2DPoint& p1, C2DPoint& p2);
 
@@ -257,6 +278,7 @@ ORVIL_API bool CAL_ANGPT(const C2DPoint& centre, double a, double b, double rota
 /// a whole turn @param direction of the tangents @param p1 in the place of the first tangent point @param p2 in the
 /// place of the second
 /// @return true; false, both points as they were, when CAL_ELPCP() fails
+/// @remark Accuracy: 1.5e-15 of the reach over the ratio.
 ORVIL_API bool CAL_ELAMN(const C2DPoint& centre, const C2DPoint& axis, double ratio, double start, double end,
                          double direction, C2DPoint& p1, C2DPoint& p2);
 
@@ -272,6 +294,7 @@ ORVIL_API bool CAL_ELAMN(const C2DPoint& centre, const C2DPoint& axis, double ra
 /// @param p the point
 /// @return 0: it lies on the arc; 1: it does not. What is not finite gives 1, but a start of minus infinity or an end
 /// of infinity, which bound nothing.
+/// @remark Accuracy: right wherever the direction is off the bounds by more than 1e-12 degrees.
 ORVIL_API int ChkOnArc(const C2DPoint& centre, double r, double startDeg, double endDeg, const C2DPoint& p);
 
 /// Whether a point lies on an elliptic arc; in effect 0 for all finite angles, which callers rely on.
