@@ -10,18 +10,6 @@ namespace {
 // Idle chunks that are kept, so that a program that reads one file after the other does not ask the source each time.
 constexpr std::size_t kIdleChunksKept = 32;
 
-// Most blocks are a few units of sixteen bytes, for which a call takes longer than the work.
-void clear(unsigned char* block, std::size_t size) {
-    constexpr std::size_t kUnit = 16;
-    if (size > 8 * kUnit) {
-        std::memset(block, 0, size);
-        return;
-    }
-    for (unsigned char* const end = block + size; block != end; block += kUnit) {
-        std::memset(block, 0, kUnit);
-    }
-}
-
 }  // namespace
 
 BlockPool::Page* BlockPool::page_at(const Chunk* chunk, std::size_t index) {
@@ -64,75 +52,57 @@ BlockPool::Page* BlockPool::open_page(std::size_t index) {
 void BlockPool::reset_page(Page* page, std::size_t index) {
     page->carved = kFirstBlock;
     page->block_size = static_cast<std::uint32_t>((index + 1) * kGranularity);
-    page->reciprocal = static_cast<std::uint32_t>(((std::uint64_t{1} << 32) + page->block_size - 1) / page->block_size);
-    page->living = 0;
+    page->quick_limit = static_cast<std::uint32_t>(kPageSize) - 2 * page->block_size;
+    page->dead = 0;
+    page->due = 0;
     page->hint = 0;
     if (!page->clean) {
         std::memset(page->freed, 0, sizeof page->freed);
     }
 }
 
-// Exact for every multiple of the size: with 4096 blocks of at most 1024 bytes the reciprocal's rounding stays below
-// one.
-std::uint32_t BlockPool::index_of(const Page* page, const void* block) {
-    const auto offset = reinterpret_cast<std::uintptr_t>(block) - reinterpret_cast<std::uintptr_t>(page) - kFirstBlock;
-    return static_cast<std::uint32_t>((offset * page->reciprocal) >> 32);
-}
-
-bool BlockPool::is_full(const Page* page) {
-    return page->carved + page->block_size > kPageSize &&
-           (page->carved - kFirstBlock) == page->living * page->block_size;
-}
-
-// The block that was freed last is the likeliest to be in the processor's caches. Pages are listed as long as they have
-// room, so behind the hint and what has not been carved there is a freed block for sure.
-void* BlockPool::take_block(Page* page, bool cleared) {
-    unsigned char* block;
-    if (page->freed[page->hint] == 0 && page->carved + page->block_size <= kPageSize) {
-        block = reinterpret_cast<unsigned char*>(page) + page->carved;
-        page->carved += page->block_size;
-        if (cleared && !page->clean) {
-            clear(block, page->block_size);
-        }
-    } else {
-        block = take_freed(page);
-        if (cleared) {
-            clear(block, page->block_size);
+void* BlockPool::take_seldom(std::size_t index, bool cleared) {
+    Page* page = available_[index];
+    if (page == nullptr) {
+        page = open_page(index);
+        if (page == nullptr) {
+            return nullptr;
         }
     }
-    ++page->living;
+    unsigned char* block = page->dead == 0 ? carve(page, cleared) : take_freed(page, cleared);
     if (is_full(page)) {
-        unlist(available_[class_of(page->block_size)], page);
+        unlist(available_[index], page);
+        page->due = page->block_size;
     }
     return block;
 }
 
-unsigned char* BlockPool::take_freed(Page* page) {
+// The block that was freed last is the likeliest to be in the processor's caches.
+unsigned char* BlockPool::take_freed(Page* page, bool cleared) {
     constexpr std::uint32_t kWords = sizeof page->freed / sizeof *page->freed;
     while (page->freed[page->hint] == 0) {
         page->hint = (page->hint + 1) % kWords;
     }
     std::uint64_t& word = page->freed[page->hint];
-    const std::size_t index = page->hint * std::size_t{64} + static_cast<unsigned>(std::countr_zero(word));
+    const std::size_t unit = page->hint * std::size_t{64} + static_cast<unsigned>(std::countr_zero(word));
     word &= word - 1;
-    return reinterpret_cast<unsigned char*>(page) + kFirstBlock + index * page->block_size;
+    page->dead -= page->block_size;
+    unsigned char* block = reinterpret_cast<unsigned char*>(page) + unit * kGranularity;
+    if (cleared) {
+        clear(block, page->block_size);
+    }
+    return block;
 }
 
-void BlockPool::release(void* block) {
-    Page* page = page_of(block);
-    const std::uint32_t index = index_of(page, block);
-    page->hint = index / 64;
-    page->freed[page->hint] |= std::uint64_t{1} << (index % 64);
-    --page->living;
-    if (page->listed && page->living != 0) {
-        return;
-    }
-    Page*& head = available_[class_of(page->block_size)];
+// What a page becomes when it has room again or its last living block has gone. The last page of its class stays open:
+// the next text of its size finds it.
+void BlockPool::list_or_close(Page* page) {
+    Page*& head = available_[class_of(page)];
     if (!page->listed) {
         list(head, page);
+        page->due = page->carved - kFirstBlock;
     }
-    // The last page of its class stays open: the next text of its size finds it.
-    if (page->living == 0 && (page->next != nullptr || page->previous != nullptr)) {
+    if (is_empty(page) && (page->next != nullptr || page->previous != nullptr)) {
         unlist(head, page);
         close_page(page);
     }
@@ -229,7 +199,7 @@ void BlockPool::abandon() {
 
 void BlockPool::trim() {
     for (Page*& head : available_) {
-        if (head != nullptr && head->next == nullptr && head->living == 0) {
+        if (head != nullptr && head->next == nullptr && is_empty(head)) {
             Page* page = head;
             unlist(head, page);
             close_page(page);

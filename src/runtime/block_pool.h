@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace orvil::detail {
 
@@ -25,7 +26,9 @@ public:
         void (*release)(void* chunk);
     };
 
-    explicit constexpr BlockPool(Source source) : source_(source) {}
+    // Blocks begin at multiples of `alignment`, which is 8 or 16.
+    explicit constexpr BlockPool(Source source, std::size_t alignment = 2 * kGranularity)
+        : source_(source), low_bits_(alignment - 1) {}
     BlockPool(const BlockPool&) = delete;
     BlockPool& operator=(const BlockPool&) = delete;
 
@@ -36,7 +39,16 @@ public:
     void* allocate_dirty(std::size_t size) { return take(size, false); }
 
     // Takes a block of this pool back.
-    void release(void* block);
+    void release(void* block) {
+        Page* page = page_of(block);
+        const std::size_t unit = unit_of(block);
+        page->hint = static_cast<std::uint32_t>(unit / 64);
+        page->freed[unit / 64] |= std::uint64_t{1} << (unit % 64);
+        page->dead += page->block_size;
+        if (page->dead == page->due) {
+            list_or_close(page);
+        }
+    }
 
     // Whether the address lies in one of this pool's pages.
     bool owns(const void* address) const {
@@ -58,7 +70,7 @@ private:
     static constexpr std::size_t kPageSize = 0x10000;
     static constexpr std::size_t kPagesOfFirstChunk = 16;
     static constexpr std::size_t kPagesPerChunk = 128;
-    static constexpr std::size_t kGranularity = 16;
+    static constexpr std::size_t kGranularity = 8;
     static constexpr std::size_t kClasses = kLargestBlock / kGranularity;
 
     // Addresses of 47 bits: a table of leaves, each a bit map of the pages of 4 GiB.
@@ -70,14 +82,15 @@ private:
         Page* next;  // neighbours in the list of pages of its class that have room, or of empty pages
         Page* previous;
         Chunk* chunk;
-        std::uint32_t carved;  // offset of the first byte that has not been carved
+        std::uint32_t carved;       // offset of the first byte that has not been carved
+        std::uint32_t quick_limit;  // the last offset at which carving a block leaves room for one more
         std::uint32_t block_size;
-        std::uint32_t reciprocal;  // of the size, in 2^-32
-        std::uint32_t living;
+        std::uint32_t dead;  // bytes of blocks that were freed and not taken again
+        std::uint32_t due;   // the value of `dead` at which the page changes its list
         std::uint32_t hint;  // the word of the bit map in which a block was freed last
         bool clean;          // what has not been carved is still zero
         bool listed;
-        std::uint64_t freed[kPageSize / kGranularity / 64];  // blocks that came back
+        std::uint64_t freed[kPageSize / kGranularity / 64];  // where blocks begin that came back, by units
     };
     struct Chunk {
         Chunk* next;
@@ -86,41 +99,71 @@ private:
         std::size_t pages;
         std::size_t pages_in_use;
     };
-    static constexpr std::uint32_t kFirstBlock = 640;
+    static constexpr std::uint32_t kFirstBlock = 1152;
     static_assert(sizeof(Page) <= kFirstBlock);
 
-    static std::size_t class_of(std::size_t size) { return size == 0 ? 0 : (size - 1) / kGranularity; }
+    std::size_t class_of(std::size_t size) const { return ((size - (size != 0)) | low_bits_) / kGranularity; }
+    static std::size_t class_of(const Page* page) { return page->block_size / kGranularity - 1; }
     static Page* page_of(const void* block) {
         return reinterpret_cast<Page*>(reinterpret_cast<std::uintptr_t>(block) & ~(kPageSize - 1));
     }
     static Page* page_at(const Chunk* chunk, std::size_t index);
 
     static void reset_page(Page* page, std::size_t index);
-    static std::uint32_t index_of(const Page* page, const void* block);
-    static bool is_full(const Page* page);
 
-    void* take(std::size_t size, bool cleared) {
-        const std::size_t index = class_of(size);
-        Page* page = available_[index];
-        if (page == nullptr) {
-            page = open_page(index);
-            if (page == nullptr) {
-                return nullptr;
-            }
-        }
-        return take_block(page, cleared);
+    // Where a block begins in its page, in units of the granularity.
+    static std::size_t unit_of(const void* block) {
+        return reinterpret_cast<std::uintptr_t>(block) % kPageSize / kGranularity;
     }
+    static bool is_full(const Page* page) {
+        return page->dead == 0 && page->carved > page->quick_limit + page->block_size;
+    }
+    static bool is_empty(const Page* page) { return page->carved - kFirstBlock == page->dead; }
+
+    // As long as nothing has come back, blocks are carved one behind the other. With the last one of a page there is
+    // more to do.
+    [[gnu::always_inline]] void* take(std::size_t size, bool cleared) {
+        Page* page = available_[class_of(size)];
+        if (page == nullptr || page->dead != 0 || page->carved > page->quick_limit) {
+            return take_seldom(class_of(size), cleared);
+        }
+        return carve(page, cleared);
+    }
+    [[gnu::always_inline]] static unsigned char* carve(Page* page, bool cleared) {
+        unsigned char* block = reinterpret_cast<unsigned char*>(page) + page->carved;
+        page->carved += page->block_size;
+        page->due += page->block_size;
+        if (cleared) {
+            clear(block, page->block_size);
+        }
+        return block;
+    }
+    void* take_seldom(std::size_t index, bool cleared);
+    static unsigned char* take_freed(Page* page, bool cleared);
     Page* open_page(std::size_t index);
-    void* take_block(Page* page, bool cleared);
-    static unsigned char* take_freed(Page* page);
+
+    // Most blocks are a few times sixteen bytes, for which a call takes longer than the work.
+    static void clear(unsigned char* block, std::size_t size) {
+        constexpr std::size_t kStep = 2 * kGranularity;
+        std::memset(block, 0, kGranularity);
+        if (size >= kStep) {
+            std::memset(block, 0, kStep);
+        }
+        if (size > kStep) {
+            std::memset(block + kStep, 0, size - kStep);
+        }
+    }
+
     void list(Page*& head, Page* page);
     void unlist(Page*& head, Page* page);
+    void list_or_close(Page* page);
     void close_page(Page* page);
     bool add_chunk();
     void drop_chunk(Chunk* chunk);
     bool mark(const Chunk* chunk, bool ours);
 
     Source source_;
+    std::size_t low_bits_;            // of the alignment
     Page* available_[kClasses] = {};  // pages with room, for each size
     Page* empty_ = nullptr;           // pages that serve any size
     Chunk* chunks_ = nullptr;

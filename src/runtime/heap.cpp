@@ -43,14 +43,15 @@ bool initialise_heap() {
         platform::heap_enable_low_fragmentation(heap.handle);
     }
     heap.initialised = true;
+    heap.pools_texts = heap.pools_nodes = heap.mode != kRuntimeHeap;
     return true;
 }
 
 }  // namespace
 
 // The second attempt reads the environment again: a variable that insists on a private heap leaves the handle null.
-void ensure_heap() {
-    if (!heap.initialised && !initialise_heap()) {
+void make_heap_ready() {
+    if (!initialise_heap()) {
         heap.mode = kRuntimeHeapByFallback;
         initialise_heap();
     }
@@ -63,6 +64,7 @@ std::uint32_t destroy_private_heap() {
     abandon_small_blocks();
     const std::uint32_t result = platform::heap_destroy(heap.handle);
     heap.handle = nullptr;
+    heap.pools_texts = false;
     return result;
 }
 

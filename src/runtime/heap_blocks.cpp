@@ -11,6 +11,7 @@
 #include "runtime/block_pool.h"
 #include "runtime/heap_state.h"
 #include "runtime/node_memory.h"
+#include "runtime/text_memory.h"
 
 namespace orvil::detail {
 namespace {
@@ -35,11 +36,6 @@ void* obtain_from_runtime(std::size_t size) {
     return std::calloc(1, size);
 }
 
-constinit BlockPool small_blocks({obtain_from_heap, release_to_heap});
-
-// Nodes outlive a private heap that a host has destroyed: their chunks are always the C runtime's.
-constinit BlockPool nodes({obtain_from_runtime, std::free});
-
 // The record in front of a large block. What lies between the two sizes is zero in a private heap.
 struct alignas(16) LargeBlock {
     std::size_t physical;
@@ -62,6 +58,15 @@ void* allocate_large(std::size_t size) {
     return record + 1;
 }
 
+}  // namespace
+
+constinit BlockPool small_blocks({obtain_from_heap, release_to_heap});
+
+// Nodes outlive a private heap that a host has destroyed: their chunks are always the C runtime's.
+constinit BlockPool nodes({obtain_from_runtime, std::free}, alignof(void*));
+
+namespace {
+
 void* allocate(std::size_t size) {
     return size <= BlockPool::kLargestBlock ? small_blocks.allocate(size) : allocate_large(size);
 }
@@ -76,6 +81,15 @@ void* resize_small(void* block, std::size_t size) {
     if (moved != nullptr) {
         std::memcpy(moved, block, held);
         small_blocks.release(block);
+    }
+    return moved;
+}
+
+// Moves a text out of the room behind its node.
+void* resize_roomed(const void* block, std::size_t size) {
+    void* moved = allocate(size < kTextRoom ? kTextRoom : size);
+    if (moved != nullptr) {
+        std::memcpy(moved, block, kTextRoom);
     }
     return moved;
 }
@@ -117,12 +131,6 @@ bool is_gone() {
     return heap.is_private() && heap.handle == nullptr;
 }
 
-void note_request(std::size_t size) {
-    if (size > st_dwMoreLargeSize) {
-        st_dwMoreLargeSize = size;
-    }
-}
-
 }  // namespace
 
 void abandon_small_blocks() {
@@ -136,12 +144,20 @@ void trim_heap() {
     nodes.trim();
 }
 
-void* allocate_node(std::size_t size) {
+void* allocate_block(std::size_t size) {
+    ensure_heap();
+    if (is_gone()) {
+        return nullptr;
+    }
+    return is_plain() ? std::calloc(1, size) : allocate(size);
+}
+
+void* allocate_node_seldom(std::size_t size) {
     ensure_heap();
     return is_plain() || size > BlockPool::kLargestBlock ? std::malloc(size) : nodes.allocate_dirty(size);
 }
 
-void* allocate_cleared(std::size_t size) {
+void* allocate_cleared_seldom(std::size_t size) {
     ensure_heap();
     return is_plain() || size > BlockPool::kLargestBlock ? std::calloc(1, size) : nodes.allocate(size);
 }
@@ -171,12 +187,7 @@ void free_node(void* node) {
 using namespace orvil::detail;
 
 void* orv_heap_alloc(size_t size) {
-    note_request(size);
-    ensure_heap();
-    if (is_gone()) {
-        return nullptr;
-    }
-    return is_plain() ? std::calloc(1, size) : allocate(size);
+    return allocate_text(size);
 }
 
 void* orv_heap_realloc(void* block, size_t size) {
@@ -191,7 +202,10 @@ void* orv_heap_realloc(void* block, size_t size) {
     if (block == nullptr) {
         return allocate(size);
     }
-    return small_blocks.owns(block) ? resize_small(block, size) : resize_large(block, size);
+    if (small_blocks.owns(block)) {
+        return resize_small(block, size);
+    }
+    return nodes.owns(block) ? resize_roomed(block, size) : resize_large(block, size);
 }
 
 void orv_heap_free(void* block) {
@@ -206,7 +220,7 @@ void orv_heap_free(void* block) {
         std::free(block);
     } else if (small_blocks.owns(block)) {
         small_blocks.release(block);
-    } else {
+    } else if (!nodes.owns(block)) {
         release_to_heap(record_of(block));
     }
 }

@@ -14,6 +14,8 @@ struct HeapState {
     std::uint32_t mode = kPrivateHeapLowFragmentation;
     void* handle = nullptr;
     bool initialised = false;  // never cleared again, so that no second heap is made
+    bool pools_texts = false;  // small blocks come from their pool
+    bool pools_nodes = false;  // nodes do, also when the private heap has gone
 
     bool is_private() const { return mode >= kPrivateHeap; }
 };
@@ -21,7 +23,13 @@ struct HeapState {
 extern HeapState heap;
 
 // Makes the heap ready, falling back to the C runtime where a private heap cannot be had.
-void ensure_heap();
+void make_heap_ready();
+
+inline void ensure_heap() {
+    if (!heap.initialised) {
+        make_heap_ready();
+    }
+}
 
 // Destroys the private heap and forgets its handle; the result is that of orv_heap_term().
 std::uint32_t destroy_private_heap();

@@ -100,29 +100,6 @@ bool CExtString::FillCharacter(char c, int n) {
     return true;
 }
 
-// Copies n > 0 bytes into a block of their own. Most texts are short: two overlapping moves spare the call.
-static void copy_text(char* to, const char* from, int n) {
-    const auto move_ends = [to, from, n]<typename Word>(Word first) {
-        Word last;
-        const std::size_t behind = static_cast<std::size_t>(n) - sizeof(Word);
-        std::memcpy(&first, from, sizeof first);
-        std::memcpy(&last, from + behind, sizeof last);
-        std::memcpy(to, &first, sizeof first);
-        std::memcpy(to + behind, &last, sizeof last);
-    };
-    if (n == 1) {
-        *to = *from;
-    } else if (n < 4) {
-        move_ends(std::uint16_t{});
-    } else if (n < 8) {
-        move_ends(std::uint32_t{});
-    } else if (n <= 16) {
-        move_ends(std::uint64_t{});
-    } else {
-        std::memcpy(to, from, static_cast<std::size_t>(n));
-    }
-}
-
 // Copies n > 0 bytes, which may stand in the present buffer, into a fresh one. The present one goes last.
 bool CExtString::TakeFresh(const char* s, int n) {
     const int capacity = CalcNewBufferSize(n, 0);
@@ -131,7 +108,7 @@ bool CExtString::TakeFresh(const char* s, int n) {
         return false;
     }
     book_buffer(capacity);
-    copy_text(fresh, s, n);
+    orvil::detail::StringAccess::copy_text(fresh, s, n);
     fresh[n] = '\0';
     if (buffer_ != nullptr) {
         book_release(capacity_);

@@ -6,7 +6,7 @@
 namespace orvil::detail {
 
 std::size_t RuntimeSlots::Reserve(int capacity) {
-    std::size_t slots = 16;
+    std::size_t slots = capacity < 16 ? 4 : 16;
     while (slots < static_cast<std::size_t>(capacity)) {
         slots *= 2;
     }

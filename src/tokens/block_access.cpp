@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "runtime/node_memory.h"
 #include "tokens/token_access.h"
 #include "tokens/token_key.h"
 #include "tokens/walk_stack.h"
@@ -97,6 +98,11 @@ int BlockAccess::find_closing_brace(const CLexTokenBlock& block) {
 
 NodePtr BlockAccess::make() {
     return NodePtr(new (std::nothrow) CLexTokenBlock);
+}
+
+NodePtr BlockAccess::make_roomy() {
+    void* memory = nodes.allocate_dirty(sizeof(CLexTokenBlock) + kTextRoom);
+    return NodePtr(memory == nullptr ? nullptr : new (memory) CLexTokenBlock);
 }
 
 NodePtr BlockAccess::make(ETokenKind kind, const char* text) {
@@ -231,39 +237,61 @@ void fetch_in_front(const void* block, std::uintptr_t distance) {
 
 }  // namespace
 
-void BlockAccess::release_node(CLexTokenBlock* node) {
+// Ends a node whose children and slots have gone. Memory is taken back without a destructor, which would write to a
+// node that nobody looks at any more: writing takes longer than all the rest.
+void BlockAccess::release_node(const CLexTokenBlock* node) {
     fetch_in_front(node, kNodesAhead);
     fetch_in_front(node, kNodesAhead - kCacheLine);
-    node->CLexTokenBlock::~CLexTokenBlock();
-    CLexTokenBlock::operator delete(node);
+    TokenAccess::abandon(*node, reinterpret_cast<const char*>(node + 1));
+    free_node(const_cast<CLexTokenBlock*>(node), sizeof *node);
 }
 
-// Takes the last child off: a leaf goes at once, into any other it goes down, and climbs when that has no more. The
-// parent is set afresh on the way down. Nodes of a tree are made by the library and are of this very class.
+// Releases nodes without slots, from the last of the first `left` children on; the first child that has slots, or null
+// when none is left.
+CLexTokenBlock* BlockAccess::release_leaves(const CLexTokenBlock& holder, int& left) {
+    CLexTokenBlock* const* slots = holder.children_.Slots();
+    while (left > 0) {
+        CLexTokenBlock* child = slots[--left];
+        if (child == nullptr) {
+            continue;
+        }
+        if (child->children_.Slots() != nullptr) {
+            return child;
+        }
+        release_node(child);
+    }
+    return nullptr;
+}
+
+void BlockAccess::release_slots(const CLexTokenBlock& holder) {
+    const void* slots = holder.children_.Slots();
+    fetch_in_front(slots, kSlotsAhead);
+    RuntimeSlots::Free(const_cast<void*>(slots));
+}
+
+// Goes down into the last child that has slots, and climbs when none is left. The parent is set afresh on the way down,
+// and the size says where to go on. Nodes of a tree are made by the library and are of this very class.
 void BlockAccess::release_children(CLexTokenBlock& node) {
     CLexTokenBlock* holder = &node;
     for (;;) {
-        if (count(*holder) > 0) {
-            CLexTokenBlock* last = holder->children_.TakeLast();
-            if (last == nullptr) {
-                continue;
+        int left = count(*holder);
+        CLexTokenBlock* below = release_leaves(*holder, left);
+        if (below != nullptr) {
+            holder->children_.ForgetFrom(left);
+            if (below->parent_ != holder) {
+                below->parent_ = holder;
             }
-            if (count(*last) == 0) {
-                release_node(last);
-            } else {
-                last->parent_ = holder;
-                holder = last;
-            }
-            continue;
-        }
-        fetch_in_front(holder->children_.Slots(), kSlotsAhead);
-        holder->children_.ReleaseSlots();
-        if (holder == &node) {
+            holder = below;
+        } else if (holder != &node) {
+            CLexTokenBlock* above = holder->parent_;
+            release_slots(*holder);
+            release_node(holder);
+            holder = above;
+        } else {
+            node.children_.ForgetFrom(0);
+            node.children_.ReleaseSlots();
             return;
         }
-        CLexTokenBlock* empty = holder;
-        holder = empty->parent_;
-        release_node(empty);
     }
 }
 

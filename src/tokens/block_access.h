@@ -38,6 +38,9 @@ struct BlockAccess {
     // --- making nodes; null when there is no memory -----------------------------------------------------------------
 
     static NodePtr make();
+    // One with room for a short text behind it, where nodes_have_room().
+    static NodePtr make_roomy();
+    static char* room(CLexTokenBlock& node) { return reinterpret_cast<char*>(&node + 1); }
     static NodePtr make(ETokenKind kind, const char* text);
     static NodePtr make_meta(char c);
     static NodePtr wrap(const CLexToken& token);
@@ -51,6 +54,18 @@ struct BlockAccess {
     static int insert(CLexTokenBlock& parent, int index, NodePtr&& node) { return insert(parent, index, node); }
     static int append(CLexTokenBlock& parent, NodePtr& node) { return insert(parent, -1, node); }
     static int append(CLexTokenBlock& parent, NodePtr&& node) { return insert(parent, -1, node); }
+
+    // Hangs a node in at the end of a node that is being parsed. False when there is no memory; then the node stays
+    // the caller's.
+    static bool grow(CLexTokenBlock& parent, NodePtr& node) {
+        CExtArray<CLexTokenBlock>& children = parent.children_;
+        if (!(children.Slots() == nullptr ? children.StartAdopted(node.get()) : children.AddAdopted(node.get()))) {
+            return false;
+        }
+        node.release()->parent_ = &parent;
+        parent.closing_ = CLexTokenBlock::Closing::kUnknown;
+        return true;
+    }
 
     // Makes the node as fresh as the default constructor does.
     static void clear(CLexTokenBlock& node);
@@ -75,7 +90,9 @@ struct BlockAccess {
     static constexpr bool has_promised_layout();
 
 private:
-    static void release_node(CLexTokenBlock* node);
+    static void release_node(const CLexTokenBlock* node);
+    static void release_slots(const CLexTokenBlock& holder);
+    static CLexTokenBlock* release_leaves(const CLexTokenBlock& holder, int& left);
     static void take_name(CLexTokenBlock& node, CLexTokenBlock& name, EGrammerType form);
 };
 

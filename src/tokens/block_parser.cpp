@@ -65,7 +65,7 @@ BlockParser::Step BlockParser::parse_entry() {
 BlockParser::Step BlockParser::parse_meta(NodePtr token) {
     CLexTokenBlock& block = innermost();
     const char c = token->GetString()[0];
-    if (!BlockAccess::is_closed(block) && BlockAccess::append(block, token) < 0) {
+    if (!BlockAccess::is_closed(block) && !BlockAccess::grow(block, token)) {
         return memory_fault(kTokenNotStored, token.get());
     }
     if (c == '}') {
@@ -97,7 +97,7 @@ BlockParser::Step BlockParser::parse_named(NodePtr name) {
 
 BlockParser::Step BlockParser::parse_assignment(NodePtr name, NodePtr equals) {
     BlockAccess::set_form(*name, eGrammerAssign);
-    if (BlockAccess::append(*name, equals) < 0) {
+    if (!BlockAccess::grow(*name, equals)) {
         return memory_fault(kTokenNotStored, equals.get());
     }
     return parse_values(*name) ? hang_in(std::move(name)) : Step::kFault;
@@ -105,7 +105,7 @@ BlockParser::Step BlockParser::parse_assignment(NodePtr name, NodePtr equals) {
 
 BlockParser::Step BlockParser::open_block(NodePtr name, NodePtr brace) {
     BlockAccess::set_form(*name, eGrammerBlock);
-    if (BlockAccess::append(*name, brace) < 0) {
+    if (!BlockAccess::grow(*name, brace)) {
         return memory_fault(kTokenNotStored, brace.get());
     }
     if (!open_.push(name.get())) {
@@ -154,35 +154,34 @@ BlockParser::Step BlockParser::hang_in(NodePtr entry) {
     if (BlockAccess::is_closed(block)) {
         return fault(kWrongCharacter, entry->GetString());
     }
-    return BlockAccess::append(block, entry) >= 0 ? Step::kEntry : memory_fault(kEntryNotStored, entry.get());
+    return BlockAccess::grow(block, entry) ? Step::kEntry : memory_fault(kEntryNotStored, entry.get());
 }
 
 bool BlockParser::add(CLexTokenBlock& block, NodePtr& token) {
-    return !BlockAccess::is_closed(block) && BlockAccess::append(block, token) >= 0;
+    return !BlockAccess::is_closed(block) && BlockAccess::grow(block, token);
 }
 
 // --- tokens and messages --------------------------------------------------------------------------------------------
 
 // Null on a failure to read. The node in which a dropped token stood serves the next one.
 NodePtr BlockParser::read_node() {
-    if (spare_ == nullptr) {
-        spare_ = BlockAccess::make();
-    }
-    if (spare_ == nullptr) {
+    NodePtr node = spare_ != nullptr ? std::move(spare_) : roomy_ ? BlockAccess::make_roomy() : BlockAccess::make();
+    if (node == nullptr) {
         silent_ = false;
         memory_fault(kTokenNotStored, nullptr);
-        return nullptr;
+    } else if (!read(*node, roomy_ ? BlockAccess::room(*node) : nullptr)) {
+        spare_ = std::move(node);
     }
-    return read(*spare_) ? std::move(spare_) : nullptr;
+    return node;
 }
 
-bool BlockParser::read(CLexToken& token) {
+bool BlockParser::read(CLexToken& token, char* room) {
     for (;;) {
         silent_ = stream_.IsEof();
         if (silent_) {
             return false;
         }
-        if (!scanner_.next(token)) {
+        if (!scanner_.next(token, room)) {
             message_ = scanner_.information();
             stray_ = 0;
             silent_ = message_.IsEmpty() && stream_.IsEof() && !out_of_memory();

@@ -32,7 +32,8 @@ public:
     bool parse_values(CLexTokenBlock& assignment);
 
     // The next token that is neither empty nor a dropped comment; false at the end of the file and on a lexical fault.
-    bool read(CLexToken& token);
+    // `room` as for TokenScanner.
+    bool read(CLexToken& token, char* room = nullptr);
 
     bool out_of_memory() { return out_of_memory_ || scanner_.out_of_memory(); }
 
@@ -64,6 +65,7 @@ private:
     CStreamMemFile& stream_;
     CExtString& message_;
     const bool keep_comments_;
+    const bool roomy_ = nodes_have_room();
     CLexTokenBlock* target_ = nullptr;
     WalkStack<CLexTokenBlock*> open_;  // owned; each becomes a child of the one below it when it is complete
     NodePtr spare_;                    // where the next token is read into

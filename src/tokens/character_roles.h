@@ -51,6 +51,7 @@ enum Stop : unsigned char {
     kStopLine = 4,     // in a comment or preprocessor line that ends with the line
     kStopBlock = 8,    // in a block comment
     kStopHigh = 16,    // at bytes above 127, where some of them begin double-byte characters
+    kStopPlainString = kStopString | kStopLine | kStopHigh,
 };
 
 constexpr std::array<unsigned char, 256> make_stops() {

@@ -61,8 +61,10 @@ bool has_text(const char* text) {
     return text != nullptr && *text != '\0';
 }
 
+}  // namespace
+
 // Hexadecimal goes before double and symbol: a word of the letters a to f only, and 1e5, are hexadecimal.
-ETokenKind classify(const char* text) {
+ETokenKind TokenAccess::classify(const char* text) {
     if (!kNumberStarts[orvil::detail::byte_of(*text)]) {
         return eTokenSymbol;
     }
@@ -74,8 +76,6 @@ ETokenKind classify(const char* text) {
     }
     return CLexToken::AnalyzeDoubleFormat(text) ? eTokenDouble : eTokenSymbol;
 }
-
-}  // namespace
 
 CLexToken::CLexToken() = default;
 
@@ -146,7 +146,7 @@ bool CLexToken::AnalyzeString() {
     }
     switch (kind_) {
         case eTokenNone:
-            kind_ = classify(text_);
+            kind_ = TokenAccess::classify(text_);
             return true;
         case eTokenDecimal:
             return AnalyzeIntegerFormat(text_);

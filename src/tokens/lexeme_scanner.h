@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "orvil/tokens/lex_token.h"
+#include "tokens/character_roles.h"
 #include "tokens/lead_bytes.h"
 #include "tokens/lexeme_builder.h"
 #include "tokens/stream_access.h"
@@ -14,6 +15,13 @@ namespace orvil::detail {
 // Formats a message and appends it to the others.
 void add_message(CExtString& information, const char* format, ...) ORVIL_PRINTF(2, 3);
 void add_message_v(CExtString& information, const char* format, va_list args);
+
+// The bytes of a lexeme in the stream's buffer.
+struct PlainLexeme {
+    const char* text;
+    int size;
+    bool quoted;
+};
 
 // Reads lexemes. Every operation begins at the stream's position and leaves the stream behind what it consumed; what it
 // collected is in lexeme(), and stays valid until the stream's buffer changes.
@@ -27,6 +35,10 @@ public:
 
     // Where the token begins, for messages.
     void set_token_position(const TextPosition& position) { token_ = position; }
+
+    // Reads what nearly every lexeme is: separators, then a word that a separator or a delimiter ends, a delimiter, or
+    // a string within one line without an escape. False, with nothing changed, when it is anything else.
+    bool scan_plain(PlainLexeme& lexeme) const;
 
     // Reads one lexeme of a stream that is not at its end. Yields its kind, none when its text decides; nothing on
     // failure, with or without a message.
@@ -83,5 +95,44 @@ private:
     const char* end_ = nullptr;  // behind the stream's last byte
     TextPosition here_;          // of at_
 };
+
+inline bool LexemeScanner::scan_plain(PlainLexeme& lexeme) const {
+    if (!StreamAccess::usable(stream_)) {
+        return false;
+    }
+    const char* at = StreamAccess::current(stream_);
+    const char* const end = StreamAccess::end(stream_);
+    TextPosition here = StreamAccess::position(stream_);
+    while (at != end && role_of(*at) == Role::kSeparator) {
+        here.count_byte(*at++);
+    }
+    if (at == end) {
+        return false;
+    }
+    const char* const start = at;
+    const Role role = role_of(*at);
+    if (role == Role::kOrdinary) {
+        at = skip_run(at, end, kStopOutside);
+        if (at == end || (role_of(*at) != Role::kSeparator && role_of(*at) != Role::kDelimiter)) {
+            return false;
+        }
+        lexeme = {start, static_cast<int>(at - start), false};
+    } else if (role == Role::kDelimiter) {
+        ++at;
+        lexeme = {start, 1, false};
+    } else if (role == Role::kQuote) {
+        at = skip_run(at + 1, end, kStopPlainString);
+        if (at == end || *at != *start || at - start == 1) {
+            return false;
+        }
+        lexeme = {start + 1, static_cast<int>(at - start) - 1, true};
+        ++at;
+    } else {
+        return false;
+    }
+    here.count_plain(static_cast<std::size_t>(at - start));
+    StreamAccess::move_to(stream_, at, here);
+    return true;
+}
 
 }  // namespace orvil::detail

@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "orvil/tokens/lex_token.h"
+#include "runtime/node_memory.h"
 #include "strings/string_access.h"
+#include "tokens/meta_characters.h"
 
 namespace orvil::detail {
 
@@ -22,6 +24,25 @@ struct TokenAccess {
         return token.AnalyzeString();
     }
 
+    // The same for a token that is reset: of bytes between quotes, or of a word or a delimiter, whose text decides.
+    // `room` is null, or where a text of less than kTextRoom bytes may stand.
+    static bool make_plain(CLexToken& token, const char* text, int size, int line, int column, bool quoted,
+                           char* room) {
+        if (room != nullptr && size < static_cast<int>(kTextRoom)) {
+            StringAccess::create_in_room(token.text_, room, text, size);
+        } else if (!StringAccess::create(token.text_, text, size)) {
+            return false;
+        }
+        token.line_ = line;
+        token.column_ = column;
+        const bool meta = size == 1 && meta_character(*text).is_member;
+        token.kind_ = quoted ? eTokenString : meta ? eTokenMetaChar : classify(token.text_);
+        return true;
+    }
+
+    // The kind of a text that is neither quoted nor a comment nor a meta character.
+    static ETokenKind classify(const char* text);
+
     // Becomes a token that has its kind although it has no text.
     static void make_without_text(CLexToken& token, int line, int column, ETokenKind kind) {
         reset(token);
@@ -34,8 +55,14 @@ struct TokenAccess {
         token.line_ = -1;
         token.column_ = -1;
         token.kind_ = eTokenNone;
-        token.text_.Empty();
+        if (StringAccess::has_buffer(token.text_)) {
+            token.text_.Empty();
+        }
     }
+
+    // Releases the text's memory, but the room behind the node, and leaves the token as it is, which must not be used
+    // again.
+    static void abandon(const CLexToken& token, const char* room) { StringAccess::abandon(token.text_, room); }
 
     // Exchanges two tokens. Nothing is allocated.
     static void swap(CLexToken& a, CLexToken& b) noexcept {

@@ -2,16 +2,25 @@
 
 namespace orvil::detail {
 
-bool TokenScanner::next(CLexToken& token) {
+bool TokenScanner::next(CLexToken& token, char* room) {
     TokenAccess::reset(token);
-    information_.Empty();
+    if (!information_.IsEmpty()) {
+        information_.Empty();
+    }
     if (StreamAccess::at_end(stream_)) {
         return true;
+    }
+    const TextPosition position = StreamAccess::position(stream_);
+    PlainLexeme plain;
+    if (scanner_.scan_plain(plain)) {
+        const bool made =
+            TokenAccess::make_plain(token, plain.text, plain.size, position.line, position.column, plain.quoted, room);
+        out_of_memory_ = out_of_memory_ || !made;
+        return made;
     }
     binder_ = '\0';
     LexemeBuilder& lexeme = scanner_.lexeme();
     lexeme.clear();
-    const TextPosition position = StreamAccess::position(stream_);
     scanner_.set_token_position(position);
     const std::optional<ETokenKind> kind = scanner_.scan();
     if (!kind) {

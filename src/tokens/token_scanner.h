@@ -18,8 +18,9 @@ public:
     TokenScanner& operator=(const TokenScanner&) = delete;
 
     // Reads the next token. At the end of the stream true, with a token of no kind; on failure false, with the token
-    // reset and information() saying why, unless the file has ended inside the token.
-    bool next(CLexToken& token);
+    // reset and information() saying why, unless the file has ended inside the token. `room` is null, or where a short
+    // text may stand as long as the token lives.
+    bool next(CLexToken& token, char* room = nullptr);
 
     const CExtString& information() const { return information_; }
 

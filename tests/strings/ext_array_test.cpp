@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -96,7 +97,55 @@ TEST_F(ExtArray, CapacityGrowsBySixteensAndSlotsBeyondTheSizeAreNull) {
     }
 }
 
+TEST_F(ExtArray, AnArrayStartedSmallHasFourSlotsAndThenSixteens) {
+    CountedArray array;
+    ASSERT_TRUE(array.StartAdopted(new Counted(0)));
+    for (int size = 1; size <= 100; ++size) {
+        ASSERT_EQ(array.GetSize(), size);
+        ASSERT_EQ(array.GetAt(size - 1)->value(), size - 1);
+        ASSERT_EQ(array.capacity_, size < 4 ? 4 : (size / 16 + 1) * 16);
+        for (int i = size; i < array.capacity_; ++i) {
+            ASSERT_EQ(array.slots_[i], nullptr);
+        }
+        ASSERT_TRUE(array.AddAdopted(new Counted(size)));
+    }
+}
+
+TEST_F(ExtArray, AnArrayStartedSmallTakesElementsInFrontAndFarBehind) {
+    CountedArray inserted;
+    ASSERT_TRUE(inserted.StartAdopted(new Counted(9)));
+    for (int i = 0; i < 5; ++i) {
+        ASSERT_TRUE(inserted.InsertAdopted(0, new Counted(i)));
+    }
+    EXPECT_EQ(show(inserted), "4 3 2 1 0 9 ");
+    CountedArray reached;
+    ASSERT_TRUE(reached.StartAdopted(new Counted(9)));
+    ASSERT_TRUE(reached.SetAdopted(17, new Counted(1)));
+    EXPECT_EQ(reached.capacity_, 32);
+    EXPECT_EQ(reached.GetSize(), 18);
+    EXPECT_EQ(reached.GetAt(16), nullptr);
+}
+
+TEST_F(ExtArray, ForgottenElementsAreTheCallers) {
+    CExtArray<Counted> array = make({1, 2, 3});
+    const std::unique_ptr<Counted> second(array.Slots()[1]);
+    const std::unique_ptr<Counted> third(array.Slots()[2]);
+    const std::unique_ptr<Counted> first(array.Slots()[0]);
+    array.ForgetFrom(0);
+    array.ReleaseSlots();
+    EXPECT_EQ(array.Slots(), nullptr);
+    EXPECT_EQ(array.GetSize(), 0);
+    EXPECT_EQ(third->value(), 3);
+}
+
+TEST_F(ExtArray, SlotsInUseAreNotReleased) {
+    CExtArray<Counted> array = make({1});
+    array.ReleaseSlots();
+    EXPECT_EQ(show(array), "1 ");
+}
+
 TEST_F(ExtArray, ReserveIsTheNextPowerOfTwoAboveTheCapacity) {
+    EXPECT_EQ(orvil::detail::RuntimeSlots::Reserve(4), 4U);
     EXPECT_EQ(orvil::detail::RuntimeSlots::Reserve(16), 16U);
     EXPECT_EQ(orvil::detail::RuntimeSlots::Reserve(32), 32U);
     EXPECT_EQ(orvil::detail::RuntimeSlots::Reserve(48), 64U);

@@ -98,8 +98,15 @@ public:
             Base::slots_[Base::size_++] = element;
             return true;
         }
+        if (Base::slots_ == nullptr) {
+            return Base::AllocArray(1) && Base::ReplaceSlot(0, element);
+        }
         return Base::MoveElements(Base::size_, 1) && Base::ReplaceSlot(Base::size_ - 1, element);
     }
+
+    /// As AddAdopted() on an array without slots, with a block of four slots: for arrays of which there are millions
+    /// and whose capacity nobody sees. From the fourth element on the capacity is as ever.
+    bool StartAdopted(T* element) { return Base::AllocFew() && Base::ReplaceSlot(0, element); }
 
     /// As Insert(), with @p element itself; on failure it stays the caller's.
     bool InsertAdopted(int i, T* element) {
@@ -120,12 +127,16 @@ public:
         return element;
     }
 
-    /// @return where the slots stand, or null: for asking the processor to fetch what lies near
-    const void* Slots() const { return Base::slots_; }
+    /// @return the slots, as many as GetSize() says, or null. They are valid until the array changes.
+    T* const* Slots() const { return Base::slots_; }
+
+    /// Leaves the array @p n slots; the elements in the others are the caller's. Only for arrays whose slots are
+    /// released afterwards: those beyond @p n keep what is in them.
+    void ForgetFrom(int n) { Base::size_ = n; }
 
     /// Releases the slots of an array whose size is 0. Otherwise nothing happens.
     void ReleaseSlots() {
-        if (Base::size_ == 0) {
+        if (Base::size_ == 0 && Base::slots_ != nullptr) {
             orvil::detail::RuntimeSlots::Free(Base::slots_);
             Base::Init();
         }

@@ -28,9 +28,10 @@ struct ORVIL_API RuntimeSlots {
 
 /// A growable array of slots, each of which is null or owns one T made with `new`.
 ///
-/// The capacity is always a multiple of 16, grows to the next one strictly above the size that is asked for, and never
-/// shrinks until FreeArray(). Slots from the size up are null. Only pointers are moved, never elements, so an element
-/// stays where it is until it is replaced or removed. T may be incomplete where an array is declared as a member.
+/// The capacity is a multiple of 16 (or 4, after AllocFew()), grows to the next one strictly above the size that is
+/// asked for, and never shrinks until FreeArray(). Slots from the size up are null. Only pointers are moved, never
+/// elements, so an element stays where it is until it is replaced or removed. T may be incomplete where an array is
+/// declared as a member.
 ///
 /// Everything here is protected: the classes on top decide what is public. Sizes that an int cannot hold are refused
 /// like an allocation that fails.
@@ -44,6 +45,9 @@ protected:
 
     /// The largest size whose capacity an int can hold.
     static constexpr int kLargestSize = INT32_MAX - 16;
+
+    /// The capacity of an array that AllocFew() has begun.
+    static constexpr int kFewSlots = 4;
 
     /// @return the capacity that @p n elements need when @p cap does not suffice, else 0. Negative when an int cannot
     /// hold it.
@@ -67,6 +71,19 @@ protected:
         slots_ = static_cast<T**>(block);
         size_ = n;
         capacity_ = capacity;
+        return true;
+    }
+
+    /// Takes a block of four slots, one of them in use, for an array without slots. @return false when there is no
+    /// memory; then the array is as it was
+    bool AllocFew() {
+        void* block = Slots::Allocate(kFewSlots);
+        if (block == nullptr) {
+            return false;
+        }
+        slots_ = static_cast<T**>(block);
+        size_ = 1;
+        capacity_ = kFewSlots;
         return true;
     }
 
