@@ -262,7 +262,7 @@ ORVIL_API bool CA_ELAMN2(const C2DPoint& centre, double longDiameter, double sho
 /// With f the direction less the rotation, the tangents in that direction touch at t1 = atan2(b cos f, -a sin f) and at
 /// t1 + pi. A touching point outside of the arc, by A2D_CHKDEGR(), is replaced by the end of the arc that lies further
 /// towards its side; by the start when both lie as far.
-/// @param centre of the ellipse @param a its semi-axis along @p rotation @param b its other semi-axis @param rotation
+/// @param centre of the ellipse @param a its semi-axis along the rotation @param b its other semi-axis @param rotation
 /// direction of the first semi-axis @param start parameter angle of the arc's start @param end that of its end; angles
 /// that agree within 1e-8 are a whole turn @param direction of the tangents @param p1 the point furthest to the left of
 /// the direction @param p2 the one furthest to the right; not finite when something else is not

@@ -39,10 +39,13 @@
 /// Reads a message map. Objects hold nothing, so that one serves any number of files, and copies copy nothing.
 class ORVIL_API CMessageLoader {
 public:
+    /// Has nothing to set up.
     CMessageLoader();
+    /// Has nothing to copy.
     CMessageLoader(const CMessageLoader& source);
     /// Does nothing.
     CMessageLoader& operator=(const CMessageLoader& source);
+    /// Has nothing to release.
     virtual ~CMessageLoader();
 
     /// Replaces the items of @p map by those of the first MessageMap block at the top level of a file. The subject of
@@ -74,10 +77,13 @@ protected:
 /// read back. A map without a title is written, but has no subject for CMessageLoader::Parse() to read.
 class ORVIL_API CMessageRegister {
 public:
+    /// Has nothing to set up.
     CMessageRegister();
+    /// Has nothing to copy.
     CMessageRegister(const CMessageRegister& source);
     /// Does nothing.
     CMessageRegister& operator=(const CMessageRegister& source);
+    /// Has nothing to release.
     virtual ~CMessageRegister();
 
     /// Writes a file that holds the map alone, below a heading with the name of the file. The file is indented by TABs
