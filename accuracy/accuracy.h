@@ -84,5 +84,6 @@ void add_plane_figures(Functions& functions);
 void add_plane_functions(Functions& functions);
 void add_plane_ellipses(Functions& functions);
 void add_space_figures(Functions& functions);
+void add_curves(Functions& functions);
 
 }  // namespace orvil::accuracy

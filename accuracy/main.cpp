@@ -52,6 +52,7 @@ int main(int argc, char** argv) {
     add_plane_functions(functions);
     add_plane_ellipses(functions);
     add_space_figures(functions);
+    add_curves(functions);
 
     std::printf("| Function | Error relative to | Ordinary | Huge | Tiny | Nearly degenerate |\n");
     std::printf("|---|---|---|---|---|---|\n");

@@ -1,16 +1,13 @@
 #include "figure_file.h"
 
-#include <cmath>
 #include <cstddef>
-#include <cstdlib>
-#include <deque>
 #include <map>
 #include <optional>
-#include <unordered_map>
 
 #include "input.h"
 #include "orvil/geometry/scalars.h"
 #include "orvil/tokens/block_tokens.h"
+#include "places.h"
 #include "report.h"
 #include "svg.h"
 
@@ -51,53 +48,6 @@ const FieldRule* find_field(const ShapeRule& rule, const std::string& name) {
     }
     return nullptr;
 }
-
-// A number that the arithmetic has room for; the language also takes texts such as 1.2.3 for doubles.
-bool read_number(const CLexToken& token, double& number) {
-    const ETokenKind kind = token.GetTokenKind();
-    char* end = nullptr;
-    number = std::strtod(token.GetString(), &end);
-    return (kind == eTokenDecimal || kind == eTokenDouble) && *end == '\0' && std::fabs(number) <= SvgPicture::kLargest;
-}
-
-// Where the tokens of a tree stand in the file: both hold them in one order, the file with comments and empty strings.
-class Places {
-public:
-    Places(const CLexTokenBlock& root, const SourceText& text) : next_(text.tokens.begin()), end_(text.tokens.end()) {
-        std::vector<const CLexTokenBlock*> waiting;
-        push_children(root, waiting);
-        while (!waiting.empty()) {
-            const CLexTokenBlock* node = waiting.back();
-            waiting.pop_back();
-            places_[node] = take();
-            push_children(*node, waiting);
-        }
-    }
-
-    Place of(const CLexTokenBlock& node) const { return places_.at(&node); }
-
-private:
-    static void push_children(const CLexTokenBlock& node, std::vector<const CLexTokenBlock*>& waiting) {
-        for (int i = node.GetBlockCount(); i-- > 0;) {
-            waiting.push_back(node.GetAt(i));
-        }
-    }
-
-    static bool is_left_out(const CLexToken& token) {
-        return token.IsCommentToken() || token.IsSingleCommentToken() || token.GetPureString().IsEmpty();
-    }
-
-    Place take() {
-        while (next_ != end_ && is_left_out(next_->token)) {
-            ++next_;
-        }
-        return next_ == end_ ? Place() : (next_++)->place;
-    }
-
-    std::deque<SourceToken>::const_iterator next_;
-    std::deque<SourceToken>::const_iterator end_;
-    std::unordered_map<const CLexTokenBlock*, Place> places_;
-};
 
 class FigureReader {
 public:
@@ -155,18 +105,6 @@ private:
             }
         }
         return std::nullopt;
-    }
-
-    // { 1.0 2.0 } as well as = 1.0 2.0;
-    static bool read_numbers(const CLexTokenBlock& entry, std::vector<double>& numbers) {
-        for (int i = 1; i + 1 < entry.GetBlockCount(); ++i) {
-            double number = 0.0;
-            if (!read_number(*entry.GetAt(i), number)) {
-                return false;
-            }
-            numbers.push_back(number);
-        }
-        return true;
     }
 
     C2DPoint point(const char* name) { return {fields_[name][0], fields_[name][1]}; }

@@ -13,8 +13,8 @@ namespace {
 using CommandEntry = const Command& (*)();
 
 constexpr CommandEntry kCommands[] = {
-    check_command, tree_command,     get_command,    format_command,
-    new_command,   messages_command, figure_command, params_command,
+    check_command,    tree_command,   get_command,    format_command, new_command,
+    messages_command, figure_command, params_command, curve_command,
 };
 
 const Command* find_command(const std::string& name) {

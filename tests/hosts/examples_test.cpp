@@ -177,5 +177,25 @@ TEST(Examples, StringsAndRegexPrintsItsSteps) {
     EXPECT_EQ(result.err, "");
 }
 
+// A natural cubic rises by 11/16 of the way to its middle in the first half of it, as its moments are 0, -3/2 and 0.
+TEST(Examples, DrawCurvePassesThroughThePoints) {
+    const ProgramResult result = run_program("draw_curve", {"0", "0", "8", "4", "16", "0"});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out,
+              "0.000 0.000\n2.000 1.469\n4.000 2.750\n6.000 3.656\n8.000 4.000\n"
+              "10.000 3.656\n12.000 2.750\n14.000 1.469\n16.000 0.000\n");
+}
+
+TEST(Examples, DrawCurveJoinsTwoPointsAndCoincidentOnesStraight) {
+    EXPECT_EQ(run_program("draw_curve", {"0", "0", "8", "4"}).out, "0.000 0.000\n8.000 4.000\n");
+    EXPECT_EQ(run_program("draw_curve", {"0", "0", "8", "4", "8", "4"}).out, "0.000 0.000\n8.000 4.000\n8.000 4.000\n");
+}
+
+TEST(Examples, DrawCurveNeedsPairs) {
+    const ProgramResult result = run_program("draw_curve", {"0", "0", "8", "4", "16"});
+    EXPECT_EQ(result.exit_code, 1);
+    EXPECT_EQ(result.err, "usage: draw_curve X Y X Y ...\n");
+}
+
 }  // namespace
 }  // namespace orvil::test
