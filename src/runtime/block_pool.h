@@ -88,7 +88,7 @@ private:
         std::uint32_t dead;  // bytes of blocks that were freed and not taken again
         std::uint32_t due;   // the value of `dead` at which the page changes its list
         std::uint32_t hint;  // the word of the bit map in which a block was freed last
-        bool clean;          // what has not been carved is still zero
+        bool clean;          // the bit map has never been written to
         bool listed;
         std::uint64_t freed[kPageSize / kGranularity / 64];  // where blocks begin that came back, by units
     };
