@@ -31,9 +31,9 @@ private:
     struct Block {
         Block* previous;
     };
-    static constexpr std::size_t kFirstBlock = 4 * 1024;
-    static constexpr std::size_t kSecondBlock = 16 * 1024;
-    static constexpr std::size_t kLargestBlock = 1024 * 1024;
+    static constexpr std::size_t kFirstBlock = 4096;
+    static constexpr std::size_t kSecondBlock = 4 * kFirstBlock;
+    static constexpr std::size_t kLargestBlock = 256 * kFirstBlock;
 
     void* take_from_fresh_block(std::size_t size);
     void use(char* bytes, std::size_t size);

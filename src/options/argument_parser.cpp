@@ -46,13 +46,9 @@ ArgumentParser::Outcome ArgumentParser::take_item() {
 
 ArgumentParser::Outcome ArgumentParser::take_option() {
     OptionArgument given;
-    Option* option = nullptr;
-    bool is_known = read_option_argument(head_, given);
-    if (is_known) {
-        option = given.is_long ? state_.table.find(given.name) : state_.table.find_letter(given.name.front());
-        is_known = given.is_long || option != nullptr;
-    }
-    if (!is_known) {
+    const bool is_read = read_option_argument(head_, given);
+    Option* option = is_read ? find(given) : nullptr;
+    if (!is_read || (option == nullptr && !given.is_long)) {
         state_.note.assign(state_.memory, {"unknown option '", head_, "'"});
         return Outcome::kRefused;
     }
@@ -65,6 +61,10 @@ ArgumentParser::Outcome ArgumentParser::take_option() {
         return take_attached(*option, given.value);
     }
     return option->kind == OptionKind::kBoolean ? take_boolean(*option) : take_following(*option);
+}
+
+Option* ArgumentParser::find(const OptionArgument& given) const {
+    return given.is_long ? state_.table.find(given.name) : state_.table.find_letter(given.name.front());
 }
 
 ArgumentParser::Outcome ArgumentParser::take_attached(Option& option, std::string_view value) {

@@ -28,6 +28,7 @@ private:
     Outcome take_argument();
     Outcome take_item();
     Outcome take_option();
+    Option* find(const OptionArgument& given) const;
     Outcome take_attached(Option& option, std::string_view value);
     Outcome take_boolean(Option& option);
     Outcome take_following(Option& option);

@@ -45,6 +45,21 @@ TEST_F(ArenaTest, SmallPiecesNeedNoMemory) {
     EXPECT_EQ(allocations_of_taking(32768), 1);
 }
 
+TEST_F(ArenaTest, UnusedArenaHasItsOwnBytesToo) {
+    static Arena unused;
+    start_counting_allocations();
+    EXPECT_NE(unused.take(4096, 1), nullptr);
+    EXPECT_EQ(stop_counting_allocations(), 0);
+}
+
+// Seven bytes are given up for the alignment, so that 4089 do not fit behind one.
+TEST_F(ArenaTest, AlignedPieceMustFitBehindThePadding) {
+    start_counting_allocations();
+    EXPECT_NE(arena.take(1, 1), nullptr);
+    EXPECT_NE(arena.take(4089, 8), nullptr);
+    EXPECT_EQ(stop_counting_allocations(), 1);
+}
+
 TEST_F(ArenaTest, FirstPieceMayBeLarge) {
     EXPECT_EQ(allocations_of_taking(4097), 1);
     EXPECT_EQ(allocations_of_taking(16384 - 4104), 0);

@@ -88,5 +88,25 @@ TEST(OptionFailure, SplittingGivesAllWordsOrNone) {
     });
 }
 
+// Neither declarations nor results leave anything behind that would fill the parser's own memory in time.
+TEST(OptionMemory, UsualCommandLineNeedsNone) {
+    static const CExtStrList arguments = list_of({"-o", "out/sheet.plt", "-d", "--define=PEN", "sheet1.plt"});
+    const char* const booleans[] = {"debug: d", "verbose: v", "quiet: q", nullptr};
+    const char* const scalars[] = {"output: o", "scale: s", "pens: p", nullptr};
+    const char* const lists[] = {"define: D", nullptr};
+    start_counting_allocations();
+    for (int i = 0; i < 100; ++i) {
+        getopt_initialize();
+        getopt_init_boolmap(booleans);
+        getopt_init_scalarmap(scalars);
+        getopt_init_listmap(lists);
+        getopt_parse_arguments(arguments, true);
+        getopt_clean();
+        getopt_parse_arguments(arguments, true);
+        getopt_terminate();
+    }
+    EXPECT_EQ(stop_counting_allocations(), 0);
+}
+
 }  // namespace
 }  // namespace orvil::test

@@ -28,8 +28,8 @@
 ///   0 or n, is a boolean symbol, in letters of either case: "yes", but also "online", "plan" and "-10".
 /// - It means on when it is one of True, On, Set, Yes, Ok, Enable, 1 and y as a whole, else off.
 ///
-/// A line feed at the very end of a value is no part of it here, and of an attached value never. No other line feed can
-/// stand in an attached value.
+/// A line feed that ends the text is passed over in these tests. An attached value ends before such a one, too, and can
+/// hold no other; a value that is an argument of its own is taken as it is.
 ///
 /// Results are kept in three maps from long names to values: of booleans, of scalars and of lists. Asking for a name
 /// that has no value yet enters it with an empty one, which the dumps count.
@@ -108,15 +108,16 @@ ORVIL_API bool getopt_init_listmap(const char* const* decls);
 ///
 /// Results are added to those of earlier calls, and a note stays as it was when there is no error: see getopt_clean().
 ///
-/// The error position counts the arguments that were consumed. A dropped option does not count, and a value that was
-/// missing at the end does. In an error without dropped options before it, it is the index of the faulty argument.
+/// The error position counts the arguments that were consumed. Dropped and faulty options do not count, and a value
+/// that was missing at the end does. At the first error it is the index of the faulty argument, unless an option was
+/// dropped before it.
 /// @param args the arguments; not changed
 /// @param stopAtError whether to stop at the first error. Otherwise what is wrong is left out, and the note tells the
 /// last error; but an argument that is no declared option's form ends the parse in any case.
 /// @return whether all arguments were consumed. Linear in their bytes.
 ORVIL_API bool getopt_parse_arguments(const CExtStrList& args, bool stopAtError);
 
-/// Splits a command line into words at blanks and TABs, as the system's own start-up code does:
+/// Splits a command line into words at blanks and TABs:
 ///
 /// - The first word, the program's name, may stand in double quotes. There are no escapes in it.
 /// - In the others a double quote begins and ends a quoted part, in which blanks stand for themselves; one that is not
