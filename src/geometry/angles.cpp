@@ -144,9 +144,6 @@ int A2D_CHKDEGR(double start, double end, double angle) {
         end += kTwoPi;
     }
     lower(start, end);
-    if (agree(start, end)) {
-        return 0;
-    }
     end += kTolerance;
     start -= kTolerance;
     if (angle > end) {
