@@ -287,6 +287,12 @@ TEST(StandardArc, OfAnglesApartByTheToleranceIsNoWholeTurn) {
     EXPECT_EQ(standard_arc(2.0, end), (Arc{2.0, end}));
 }
 
+TEST(StandardArc, AcrossZeroIsNoWholeTurnHoweverSmall) {
+    const Arc arc = standard_arc(-2e-9, 1e-9);
+    EXPECT_NEAR(arc.end - arc.start, 3e-9, 1e-15);
+    EXPECT_EQ(standard_arc(-1e-20, 0.0), (Arc{kTwoPi, kTwoPi}));
+}
+
 TEST(StandardArc, EndsAboveItsStart) {
     EXPECT_EQ(standard_arc(1.0, 2.0), (Arc{1.0, 2.0}));
     EXPECT_EQ(standard_arc(6.0, 1.0), (Arc{6.0 - kTwoPi, 1.0 + kTwoPi - kTwoPi}));
@@ -319,6 +325,13 @@ TEST(AngleOnArc, MayMissItsEndsByTheTolerance) {
     EXPECT_EQ(A2D_CHKDEGR(0.0, kPi / 2.0, kPi / 2.0 + 2e-8), 1);
     EXPECT_EQ(A2D_CHKDEGR(0.0, kPi / 2.0, -0.5e-8), 0);
     EXPECT_EQ(A2D_CHKDEGR(0.0, kPi / 2.0, -2e-8), 1);
+}
+
+TEST(AngleOnArc, BeyondAnEndByExactlyTheToleranceBelongsToIt) {
+    EXPECT_EQ(A2D_CHKDEGR(0.5, 1.0, 1.0 + 1e-8), 0);
+    EXPECT_EQ(A2D_CHKDEGR(0.5, 1.0, std::nextafter(1.0 + 1e-8, 2.0)), 1);
+    EXPECT_EQ(A2D_CHKDEGR(0.5, 1.0, 0.5 - 1e-8), 0);
+    EXPECT_EQ(A2D_CHKDEGR(0.5, 1.0, std::nextafter(0.5 - 1e-8, 0.0)), 1);
 }
 
 TEST(AngleOnArc, OfAnArcThatPassesZero) {

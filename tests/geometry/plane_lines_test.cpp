@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <type_traits>
 
 #include "geometry/figures.h"
@@ -139,6 +140,12 @@ TEST(PlaneLine, StretchesAboutItsOwnPoints) {
     EXPECT_TRUE(exactly(line, 1, 2, 5, 8));
     line.Stretch(line.end, 0.5, 0.5);
     EXPECT_TRUE(exactly(line, 3, 5, 5, 8));
+}
+
+TEST(PlaneLine, StretchesWithoutLimitAboutItsOwnStart) {
+    C2DLine line(1.0, 2.0, 3.0, 4.0);
+    line.Stretch(line.start, std::numeric_limits<double>::infinity(), 1.0);
+    EXPECT_EQ(line.end.x, std::numeric_limits<double>::infinity());
 }
 
 TEST(PlaneLine, MirrorsBothPoints) {

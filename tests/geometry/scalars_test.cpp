@@ -155,7 +155,7 @@ TEST(Zero, NanNeverIs) {
 TEST(Rtod, MultipliesThenDivides) {
     EXPECT_EQ(RTOD(3.141592653589793), 180.0);
     EXPECT_EQ(RTOD(-1.0), -1.0 * 180.0 / 3.141592653589793);
-    EXPECT_EQ(RTOD(1e308), kInfinity);  // 180 times comes first
+    EXPECT_EQ(RTOD(2e306), kInfinity);  // 180 times comes first, and 57 times would be finite
 }
 
 TEST(Dtor, MultipliesThenDivides) {
@@ -215,6 +215,7 @@ TEST(GetAngle, CountsWhatEqualsTheTolerance) {
 TEST(GetAngle, ElsewhereIsAtan2RaisedByAWholeTurn) {
     EXPECT_EQ(GET_ANGLE(1, 1, 0, 0), kPi / 4.0);
     EXPECT_NEAR(GET_ANGLE(1, -1, 0, 0), 7.0 * kPi / 4.0, 1e-15);
+    EXPECT_EQ(GET_ANGLE(1, -1e-4, 0, 0), std::atan2(-1e-4, 1.0) + 6.283185307179586);
     EXPECT_NEAR(GET_ANGLE(-1, -1, 0, 0), 5.0 * kPi / 4.0, 1e-15);
     EXPECT_NEAR(GET_ANGLE(-1, 1, 0, 0), 3.0 * kPi / 4.0, 1e-15);
 }

@@ -147,7 +147,9 @@ ORVIL_API int CA_ARCAN(double& start, double& end);
 ORVIL_API int CA_ARCAN_RAD(double& start, double& end);
 
 /// Brings the angles of an arc into order: end above start, the sweep in (0, 2 pi], end in (0, 2 pi], so that start may
-/// be negative. Angles that agree within 1e-8 mean a whole turn; its end becomes start + 2 pi.
+/// be negative. Angles that agree within 1e-8, once each is reduced, mean a whole turn; its end becomes start + 2 pi.
+/// Angles less than 1e-8 apart on either side of a whole number of turns do not agree then: from just below to just
+/// above is that small a sweep, or none.
 ///
 /// Each angle is reduced as by ANGSTDDEG(); one that is infinite or NaN stays so, and the other may move by a turn. In
 /// spite of its name this takes radians.
