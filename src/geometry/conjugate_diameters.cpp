@@ -16,8 +16,8 @@ bool find_axes(const ConjugateDiameters& diameters, EllipseAxes& axes) {
     const double across = 2.0 * dot(u, v);
     const double longer = std::sqrt((dot(u, u) + dot(v, v) + length(along, across)) / 2.0);
     const double shorter = std::fabs(cross(u, v)) / longer;
-    if (!(longer >= kLeastRadius) || !(shorter >= kLeastRadius) || !std::isfinite(longer)) {
-        return false;
+    if (!(shorter >= kLeastRadius)) {
+        return false;  // also when the longer one is infinite or NaN, which makes this one 0 or NaN
     }
     axes = {longer, shorter, {longer, 0.0}, std::atan2(across, along) / 2.0};
     if (!axes.is_circle()) {
