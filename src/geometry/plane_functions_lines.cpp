@@ -19,40 +19,66 @@ struct Segment {
         : start(a), end(b), span(end - start), span_squared(dot(span, span)) {}
 };
 
-// Whether |cross| / length(span) < 1e-8 for each of the two; a segment without length is parallel to all.
-bool are_parallel(const Segment& a, const Segment& b, double determinant) {
-    const double squared = determinant * determinant;
-    if (squared > kSurelyAbove * a.span_squared || squared > kSurelyAbove * b.span_squared) {
-        return false;
-    }
-    const double length_a = std::sqrt(a.span_squared);
-    const double length_b = std::sqrt(b.span_squared);
+// Whether the determinant divided by either length is below 1e-8; a segment without length is parallel to all.
+[[gnu::cold, gnu::noinline]] bool are_parallel_by_roots(double squared_a, double squared_b, double determinant) {
+    const double length_a = std::sqrt(squared_a);
+    const double length_b = std::sqrt(squared_b);
     if (length_a == 0.0 || length_b == 0.0) {
         return true;
     }
     return std::fabs(determinant) / length_a < kTolerance && std::fabs(determinant) / length_b < kTolerance;
 }
 
+bool are_parallel(const Segment& a, const Segment& b, double determinant) {
+    const double squared = determinant * determinant;
+    if (squared > kSurelyAbove * a.span_squared || squared > kSurelyAbove * b.span_squared) {
+        return false;
+    }
+    return are_parallel_by_roots(a.span_squared, b.span_squared, determinant);
+}
+
 bool coincide(PlaneVector v, PlaneVector w) {
-    const double squared = dot(v - w, v - w);
-    return squared < kSurelyAbove && std::sqrt(squared) < kTolerance;
+    return length(v - w) < kTolerance;
 }
 
 // Whether the distance of start + offset from the infinite line is below 1e-8.
 bool is_near_line(const Segment& segment, PlaneVector offset) {
-    const double product = cross(segment.span, offset);
-    if (product * product < kSurelyBelow * segment.span_squared) {
-        return true;
-    }
     const double span_length = std::sqrt(segment.span_squared);
-    return span_length != 0.0 && std::fabs(product) / span_length < kTolerance;
+    return span_length != 0.0 && std::fabs(cross(segment.span, offset)) / span_length < kTolerance;
 }
 
 bool is_on(const Segment& segment, PlaneVector p) {
     const PlaneVector from_start = p - segment.start;
     const PlaneVector from_end = p - segment.end;
-    const bool is_between = dot(from_start, segment.span) >= 0.0 && dot(from_end, -segment.span) >= 0.0;
+    const bool is_between = dot(from_start, segment.span) >= 0.0 && dot(from_end, segment.span) <= 0.0;
     return (is_between && is_near_line(segment, from_start)) || coincide(p, segment.start) || coincide(p, segment.end);
+}
+
+// The same where squares tell, as 0 and 1: without a root, and without a branch, since nobody can foresee whether
+// segments meet.
+struct Verdict {
+    unsigned is_on;
+    unsigned is_off;
+};
+
+unsigned flag(bool value) {
+    return static_cast<unsigned>(value);
+}
+
+inline Verdict judge(const Segment& segment, PlaneVector p) {
+    const PlaneVector from_start = p - segment.start;
+    const double product = cross(segment.span, from_start);
+    const double behind_start = dot(from_start, segment.span);
+    const double behind_end = dot(p - segment.end, segment.span);
+    const double far = kSurelyAbove * segment.span_squared;
+    return {flag(behind_start >= 0.0) & flag(behind_end <= 0.0) &
+                flag(product * product < kSurelyBelow * segment.span_squared),
+            flag(behind_start * std::fabs(behind_start) < -far) | flag(behind_end * std::fabs(behind_end) > far)};
+}
+
+[[gnu::cold, gnu::noinline]] bool is_on_both_by_roots(const C2DPoint& a1, const C2DPoint& a2, const C2DPoint& b1,
+                                                      const C2DPoint& b2, PlaneVector p) {
+    return is_on(Segment(a1, a2), p) && is_on(Segment(b1, b2), p);
 }
 
 // Where the infinite lines meet, each written as A x + B y = C with (A, B) = (span.y, -span.x).
@@ -76,8 +102,14 @@ int CA_INS2L(const C2DPoint& a1, const C2DPoint& a2, const C2DPoint& b1, const C
         return 2;
     }
     const PlaneVector meeting = orvil::meeting_point(a, b, determinant);
-    orvil::assign(p, meeting);
-    return orvil::is_on(a, meeting) && orvil::is_on(b, meeting) ? 0 : 1;
+    const orvil::Verdict on_a = orvil::judge(a, meeting);
+    const orvil::Verdict on_b = orvil::judge(b, meeting);
+    unsigned is_on_both = on_a.is_on & on_b.is_on;
+    if ((is_on_both | on_a.is_off | on_b.is_off) == 0U) {
+        is_on_both = orvil::flag(orvil::is_on_both_by_roots(a1, a2, b1, b2, meeting));
+    }
+    orvil::assign(p, meeting);  // last, since it may be one of the ends
+    return static_cast<int>(1U - is_on_both);
 }
 
 int CA_ONLIN(const C2DPoint& a, const C2DPoint& b, const C2DPoint& p) {
