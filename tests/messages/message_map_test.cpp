@@ -304,6 +304,13 @@ TEST(MessageMapReplace, CodeThatLeadsToAHoleIsRefused) {
     EXPECT_EQ(map.SearchIndex(3), -1);
 }
 
+TEST(MessageMapReplace, CodeBeyondTheRangeIsRefusedWhereverItLeads) {
+    MapProbe map = numbered_map(2);
+    map.index_.SetAt(20000, 1);
+    EXPECT_FALSE(map.ReplaceItem(20000, 3, "x"));
+    EXPECT_EQ(show(map), "0 : 0=t0 1=t1");
+}
+
 TEST(MessageMapReplace, TextMayBeTheMapsOwn) {
     CMessageMap map = numbered_map(3);
     EXPECT_TRUE(map.ReplaceItem(1, 1, map.SearchItemText(1)));
