@@ -65,26 +65,41 @@ std::uint64_t RecordKey::leading_bytes(const char* text) {
     return leading;
 }
 
-RecordPlace find_place(const vpr_set_t& set, const RecordKey& key) {
-    arbt_node_t* parent = nullptr;
-    auto** link = const_cast<arbt_node_t**>(&set.tree.node);
-    while (*link != nullptr) {
-        Record* record = record_of(*link);
+RecordPlace find_place(vpr_set_t& set, const RecordKey& key) {
+    Record* parent = nullptr;
+    int order = 0;
+    for (arbt_node_t* node = set.tree.node; node != nullptr;
+         node = order < 0 ? parent->node.left : parent->node.right) {
+        parent = record_of(node);
+        order = key.compare(*parent);
+        if (order == 0) {
+            return {parent, nullptr, nullptr};
+        }
+    }
+    if (parent == nullptr) {
+        return {nullptr, nullptr, &set.tree.node};
+    }
+    return {nullptr, &parent->node, order < 0 ? &parent->node.left : &parent->node.right};
+}
+
+Record* find_record(const vpr_set_t& set, const RecordKey& key) {
+    arbt_node_t* node = set.tree.node;
+    while (node != nullptr) {
+        Record* record = record_of(node);
         const int order = key.compare(*record);
         if (order == 0) {
-            return {record, nullptr, nullptr};
+            return record;
         }
-        parent = *link;
-        link = order < 0 ? &parent->left : &parent->right;
+        node = order < 0 ? node->left : node->right;
     }
-    return {nullptr, parent, link};
+    return nullptr;
 }
 
 Record* find_record(const vpr_set_t* set, const char* name) {
     if (set == nullptr || name == nullptr || *name == '\0') {
         return nullptr;
     }
-    return find_place(*set, RecordKey(name)).record;
+    return find_record(*set, RecordKey(name));
 }
 
 __aVPRESTVITEM_t item_of(const Record& record) {

@@ -70,7 +70,9 @@ struct RecordPlace {
     arbt_node_t** link;   // that points to it then
 };
 
-RecordPlace find_place(const vpr_set_t& set, const RecordKey& key);
+RecordPlace find_place(vpr_set_t& set, const RecordKey& key);
+
+Record* find_record(const vpr_set_t& set, const RecordKey& key);
 
 // The record of a name, which may be null or empty, in a set, which may be null; null when there is none.
 Record* find_record(const vpr_set_t* set, const char* name);

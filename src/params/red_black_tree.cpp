@@ -1,14 +1,24 @@
 #include "orvil/params/red_black_tree.h"
 
+#include <cstddef>
+
 namespace {
 
 constexpr std::uintptr_t kBlack = 1;
 constexpr std::uintptr_t kLowBits = 3;
 
-// One of the two child pointers. What is written for one side serves the other side with the two exchanged.
+// One of the two child pointers.
 using Side = arbt_node_t* arbt_node_t::*;
 constexpr Side kLeft = &arbt_node_t::left;
 constexpr Side kRight = &arbt_node_t::right;
+
+// The side that something is on, and the other one. Sides are values, not branches: which one it is cannot be foreseen.
+struct Sides {
+    Side near;
+    Side far;
+
+    Sides opposite() const { return {far, near}; }
+};
 
 arbt_node_t* parent_of(const arbt_node_t* node) {
     return reinterpret_cast<arbt_node_t*>(node->parent & ~kLowBits);
@@ -52,78 +62,79 @@ bool is_in_tree(const arbt_node_t* node, const arbt_root_t* root) {
     return parent != node && (parent != nullptr || root->node == node);
 }
 
-void replace_child(arbt_node_t* parent, const arbt_node_t* child, arbt_node_t* by, arbt_root_t* root) {
-    if (parent == nullptr) {
-        root->node = by;
-    } else if (parent->left == child) {
-        parent->left = by;
-    } else {
-        parent->right = by;
-    }
+// The child pointer on the side that a comparison has told, by arithmetic: a branch would be mispredicted every other
+// time.
+arbt_node_t** child_slot(arbt_node_t* node, int order) {
+    constexpr std::uintptr_t distance = offsetof(arbt_node_t, right) - offsetof(arbt_node_t, left);
+    const std::uintptr_t is_right = order > 0 ? 1 : 0;
+    return reinterpret_cast<arbt_node_t**>(reinterpret_cast<std::uintptr_t>(&node->left) + is_right * distance);
 }
 
-// Turns a node down to its Near side: its Far child takes its place.
-template <Side Near, Side Far>
-void rotate(arbt_node_t* node, arbt_root_t* root) {
-    arbt_node_t* raised = node->*Far;
-    arbt_node_t* moved = raised->*Near;
+Sides sides_of(const arbt_node_t* child, const arbt_node_t* parent) {
+    const bool is_left = parent->left == child;
+    return {is_left ? kLeft : kRight, is_left ? kRight : kLeft};
+}
+
+// The pointer that holds a node: one of its parent's, or the root's.
+arbt_node_t*& slot_of(const arbt_node_t* node, arbt_root_t* root) {
     arbt_node_t* parent = parent_of(node);
-    node->*Far = moved;
-    adopt(node, moved);
-    raised->*Near = node;
-    replace_child(parent, node, raised, root);
-    set_parent(raised, parent);
-    set_parent(node, raised);
+    return parent == nullptr ? root->node : parent->*sides_of(node, parent).near;
 }
 
-// A red node has a red parent, which is the Near child of `grand`. Returns the next red node that may have a red
-// parent, or null when there is none.
-template <Side Near, Side Far>
-arbt_node_t* mend_red_pair(arbt_node_t* node, arbt_node_t* parent, arbt_node_t* grand, arbt_root_t* root) {
-    arbt_node_t* uncle = grand->*Far;
-    paint_red(grand);
+// Turns the node in a slot down to its near side: its far child takes its place and its colour, and gives it its own.
+void rotate(arbt_node_t*& slot, Sides sides) {
+    arbt_node_t* node = slot;
+    arbt_node_t* raised = node->*sides.far;
+    const std::uintptr_t word = raised->parent;
+    arbt_node_t* moved = raised->*sides.near;
+    node->*sides.far = moved;
+    adopt(node, moved);
+    raised->*sides.near = node;
+    slot = raised;
+    set_parent_and_colour(raised, node->parent);
+    set_parent_and_colour(node, reinterpret_cast<std::uintptr_t>(raised) | (word & kBlack));
+}
+
+// A red node has a red parent, and that one a parent. Returns the next red node that may have a red parent, or null
+// when there is none.
+arbt_node_t* mend_red_pair(const arbt_node_t* node, arbt_node_t* parent, arbt_root_t* root) {
+    arbt_node_t* grand = parent_of(parent);
+    const Sides sides = sides_of(parent, grand);
+    arbt_node_t* uncle = grand->*sides.far;
     if (is_red_child(uncle)) {
+        paint_red(grand);
         paint_black(uncle);
         paint_black(parent);
         return grand;
     }
-    if (parent->*Far == node) {
-        rotate<Near, Far>(parent, root);
-        parent = node;
+    if (parent->*sides.far == node) {
+        rotate(grand->*sides.near, sides);
     }
-    paint_black(parent);
-    rotate<Far, Near>(grand, root);
+    rotate(slot_of(grand, root), sides.opposite());
     return nullptr;
 }
 
-// The ways through the Near child of `parent` lack a black node. Returns whether all ways are the same again; if not,
+// The ways through the near child of `parent` lack a black node. Returns whether all ways are the same again; if not,
 // those through `parent` lack one.
-template <Side Near, Side Far>
-bool mend_short_side(arbt_node_t* parent, arbt_root_t* root) {
-    arbt_node_t* sibling = parent->*Far;
-    if (is_red_child(sibling)) {
-        paint_black(sibling);
-        paint_red(parent);
-        rotate<Near, Far>(parent, root);
-        sibling = parent->*Far;
+bool mend_short_side(arbt_node_t* parent, Sides sides, arbt_root_t* root) {
+    if (is_red_child(parent->*sides.far)) {
+        rotate(slot_of(parent, root), sides);
     }
+    arbt_node_t* sibling = parent->*sides.far;
     if (sibling == nullptr) {
         return true;  // only where a caller has painted nodes: there is nothing to mend with
     }
-    if (!is_red_child(sibling->*Far)) {
-        if (!is_red_child(sibling->*Near)) {
+    if (!is_red_child(sibling->*sides.far)) {
+        if (!is_red_child(sibling->*sides.near)) {
             paint_red(sibling);
             const bool was_red = is_red(parent);
             paint_black(parent);
             return was_red;
         }
-        rotate<Far, Near>(sibling, root);
-        sibling = parent->*Far;
+        rotate(parent->*sides.far, sides.opposite());
     }
-    arbt_set_color(sibling, is_red(parent) ? 0 : 1);
-    paint_black(parent);
-    paint_black(sibling->*Far);
-    rotate<Near, Far>(parent, root);
+    paint_black((parent->*sides.far)->*sides.far);
+    rotate(slot_of(parent, root), sides);
     return true;
 }
 
@@ -133,12 +144,7 @@ void erase_fixup(arbt_node_t* child, arbt_node_t* parent, arbt_root_t* root) {
         paint_black(child);
         return;
     }
-    while (parent != nullptr) {
-        const bool mended = parent->left == child ? mend_short_side<kLeft, kRight>(parent, root)
-                                                  : mend_short_side<kRight, kLeft>(parent, root);
-        if (mended) {
-            return;
-        }
+    while (parent != nullptr && !mend_short_side(parent, sides_of(child, parent), root)) {
         child = parent;
         parent = parent_of(child);
     }
@@ -179,7 +185,7 @@ struct Removed {
 Removed remove_outer(arbt_node_t* node, arbt_root_t* root) {
     arbt_node_t* child = node->left != nullptr ? node->left : node->right;
     arbt_node_t* parent = parent_of(node);
-    replace_child(parent, node, child, root);
+    slot_of(node, root) = child;
     adopt(parent, child);
     return {child, parent, is_red(node)};
 }
@@ -191,12 +197,12 @@ Removed remove_inner(arbt_node_t* node, arbt_root_t* root) {
     if (removed.parent == node) {
         removed.parent = successor;
     }
+    slot_of(node, root) = successor;
     set_parent_and_colour(successor, node->parent);
     successor->left = node->left;
     adopt(successor, successor->left);
     successor->right = node->right;
     adopt(successor, successor->right);
-    replace_child(parent_of(node), node, successor, root);
     return removed;
 }
 
@@ -244,14 +250,10 @@ void arbt_insert_fixup(arbt_node_t* node, arbt_root_t* root) {
     }
     while (node != nullptr) {
         arbt_node_t* parent = parent_of(node);
-        arbt_node_t* grand = parent == nullptr || !is_red(parent) ? nullptr : parent_of(parent);
-        if (grand == nullptr) {
-            break;
-        }
-        node = grand->left == parent ? mend_red_pair<kLeft, kRight>(node, parent, grand, root)
-                                     : mend_red_pair<kRight, kLeft>(node, parent, grand, root);
+        const bool is_mended = !is_red_child(parent) || parent_of(parent) == nullptr;
+        node = is_mended ? nullptr : mend_red_pair(node, parent, root);
     }
-    if (root->node != nullptr) {
+    if (is_red_child(root->node)) {
         paint_black(root->node);
     }
 }
@@ -268,7 +270,7 @@ int arbt_entry_node(arbt_root_t* root, arbt_node_t* node, arbt_compare_t compare
         if (order == 0) {
             return 2;
         }
-        link = order < 0 ? &parent->left : &parent->right;
+        link = child_slot(parent, order);
     }
     arbt_link_node(node, parent, link);
     arbt_insert_fixup(node, root);
@@ -295,7 +297,7 @@ void arbt_replace_node(arbt_node_t* old_node, arbt_node_t* new_node, arbt_root_t
         return;
     }
     *new_node = *old_node;
-    replace_child(parent_of(old_node), old_node, new_node, root);
+    slot_of(old_node, root) = new_node;
     adopt(new_node, new_node->left);
     adopt(new_node, new_node->right);
 }
@@ -310,7 +312,7 @@ arbt_node_t* arbt_find_node(const arbt_root_t* root, arbt_compare_t compare, con
         if (order == 0) {
             return node;
         }
-        node = order < 0 ? node->left : node->right;
+        node = *child_slot(node, order);
     }
     return nullptr;
 }

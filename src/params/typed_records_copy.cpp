@@ -47,7 +47,7 @@ int update_record(vpr_set_t& dst, const Record& source) {
         return kInvalidType;
     }
     const orvil::detail::RecordKey key(orvil::detail::name_of(source));
-    Record* existing = orvil::detail::find_place(dst, key).record;
+    Record* existing = orvil::detail::find_record(dst, key);
     if (existing != nullptr) {
         FormerTexts former(*existing);
     }
