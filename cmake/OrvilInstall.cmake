@@ -1,4 +1,5 @@
-# What `cmake --install` puts where: the library, its headers, the CMake package `orvil` and the pkg-config file.
+# What `cmake --install` puts where: the library, its headers, views for debuggers, the CMake
+# package `orvil` and the pkg-config file.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -6,6 +7,9 @@ set(orvil_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orvil)
 
 install(TARGETS orvil EXPORT orvil)
 install(DIRECTORY include/orvil TYPE INCLUDE FILES_MATCHING PATTERN "*.h")
+
+# Views of the classes for debuggers.
+install(FILES debug/orvil_gdb.py debug/orvil.natvis DESTINATION ${CMAKE_INSTALL_DATADIR}/orvil)
 
 # The package needs no others, since PCRE is linked privately: the exported target is the whole of it.
 install(EXPORT orvil NAMESPACE orvil:: FILE orvilConfig.cmake DESTINATION ${orvil_package_dir})
