@@ -30,7 +30,6 @@ const char* WordReader::program_name() {
 
 const char* WordReader::word() {
     char* word = write_;
-    in_quotes_ = false;
     while (!at_end() && (in_quotes_ || !is_blank(*read_))) {
         if (*read_ == kBackslash || *read_ == kQuote) {
             take_backslashes_or_quote();

@@ -32,7 +32,7 @@ private:
 
     char* read_;
     char* write_;
-    bool in_quotes_ = false;
+    bool in_quotes_ = false;  // between words it is false: an open quote runs to the end
     const bool has_lead_bytes_ = platform::has_lead_bytes();
 };
 

@@ -88,14 +88,15 @@ TEST(OptionFailure, SplittingGivesAllWordsOrNone) {
     });
 }
 
-// Neither declarations nor results leave anything behind that would fill the parser's own memory in time.
+// Neither declarations nor results leave anything behind that would in time fill the parser's own memory, or the
+// largest block that a test before this one may have left.
 TEST(OptionMemory, UsualCommandLineNeedsNone) {
     static const CExtStrList arguments = list_of({"-o", "out/sheet.plt", "-d", "--define=PEN", "sheet1.plt"});
     const char* const booleans[] = {"debug: d", "verbose: v", "quiet: q", nullptr};
     const char* const scalars[] = {"output: o", "scale: s", "pens: p", nullptr};
     const char* const lists[] = {"define: D", nullptr};
     start_counting_allocations();
-    for (int i = 0; i < 100; ++i) {
+    for (int i = 0; i < 3000; ++i) {
         getopt_initialize();
         getopt_init_boolmap(booleans);
         getopt_init_scalarmap(scalars);
