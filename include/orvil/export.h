@@ -17,6 +17,15 @@
 #define ORVIL_API __attribute__((visibility("default")))
 #endif
 
+/// @def ORVIL_LINK_NAME
+/// Behind the declaration of a function that is called as one of the C library: gives it another name for the linker,
+/// so that it does not take the place of the C library's. On Windows each DLL has its own names, and nothing is needed.
+#if defined(_WIN32)
+#define ORVIL_LINK_NAME(name)
+#else
+#define ORVIL_LINK_NAME(name) __asm__(name)
+#endif
+
 /// Lets the compiler check the arguments of a function that takes a printf-style format. @p format_at and @p first_at
 /// are the positions of the format and of the first argument, counted from 1 (from 2 in member functions).
 #if defined(__clang__)

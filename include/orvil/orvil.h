@@ -3,7 +3,11 @@
 #pragma once
 
 #include "orvil/export.h"
+#include "orvil/files/current_directory.h"
+#include "orvil/files/directory_stream.h"
 #include "orvil/files/file_path.h"
+#include "orvil/files/file_search.h"
+#include "orvil/files/file_utils.h"
 #include "orvil/geometry/nurbs.h"
 #include "orvil/geometry/plane_functions.h"
 #include "orvil/geometry/plane_primitives.h"

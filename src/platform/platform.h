@@ -62,6 +62,8 @@ struct FileStatus {
     std::uint32_t mode = 0;  // the C runtime's st_mode: 0x4000 folder, 0x8000 file, 0x100 readable, 0x80 writable
     std::int64_t size = 0;   // bytes
     std::int64_t accessed = 0, modified = 0, created = 0;  // seconds since 1970
+    std::uint32_t device = 0;                              // on Windows the number of the drive
+    std::uint32_t links = 0;                               // names
 };
 
 // The status of an existing file or folder; false when there is none or it cannot be asked for. A file of more than
@@ -71,6 +73,42 @@ bool file_status(const char* path, FileStatus& status);
 // The absolute form of a path that need not exist, with the system's own separators; "." and ".." are folded. False
 // when the result and its terminator do not fit into size bytes or the path is null.
 bool full_path(const char* path, char* buffer, std::size_t size);
+
+// Copies a file with its time of modification and its being read-only. An existing target is replaced, unless it is
+// asked to be spared, is read-only, no file, or the source itself. On failure a target that was made is removed again.
+bool copy_file(const char* source, const char* target, bool spare_existing);
+
+// Moves a file or folder, a file also to another device. An existing target is never replaced.
+bool move_file(const char* source, const char* target);
+
+// --- folders --------------------------------------------------------------------------------------------------------
+
+// Writes the working folder's path, with the system's own separators. False when the path and its terminator do not fit
+// into size bytes, or the folder has none.
+bool working_folder(char* buffer, std::size_t size);
+
+bool change_folder(const char* path);
+
+// A note of the working folder that finds it again also when its name is no text in the code page.
+inline constexpr std::intptr_t kNoFolder = -1;
+std::intptr_t note_working_folder();  // kNoFolder on failure
+
+// Makes a noted folder the working folder again, and drops the note.
+void return_to_folder(std::intptr_t noted);
+
+// What reading the working folder yields: each system's own record.
+struct FindRecord;
+std::size_t find_record_size();
+
+// The name of the entry that was found; valid until the next one is looked for.
+const char* found_name(const FindRecord& record);
+
+// Finds the first entry of the working folder and returns a handle of the reading; kNoFind when there is none.
+inline constexpr std::int64_t kNoFind = -1;
+std::int64_t find_first(FindRecord& record);
+
+bool find_next(std::int64_t find, FindRecord& record);
+void find_close(std::int64_t find);
 
 // --- the entry routine ----------------------------------------------------------------------------------------------
 

@@ -16,8 +16,13 @@ TempDir::TempDir() {
     } while (!std::filesystem::create_directory(folder_));
 }
 
+// Windows does not remove what is read-only.
 TempDir::~TempDir() {
     std::error_code ignored;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_, ignored)) {
+        std::filesystem::permissions(entry, std::filesystem::perms::owner_write, std::filesystem::perm_options::add,
+                                     ignored);
+    }
     std::filesystem::remove_all(folder_, ignored);
 }
 

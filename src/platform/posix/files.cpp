@@ -1,5 +1,4 @@
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <climits>
 #include <cstdint>
@@ -88,6 +87,8 @@ bool file_status(const char* path, FileStatus& status) {
     status.accessed = found.st_atime;
     status.modified = found.st_mtime;
     status.created = found.st_ctime;
+    status.device = static_cast<std::uint32_t>(found.st_dev);
+    status.links = static_cast<std::uint32_t>(found.st_nlink);
     return true;
 }
 
@@ -97,8 +98,8 @@ bool full_path(const char* path, char* buffer, std::size_t size) {
     }
     const std::string_view given = path;
     const bool is_absolute = given.starts_with('/');
-    char working_folder[PATH_MAX];
-    if (!is_absolute && (getcwd(working_folder, sizeof working_folder) == nullptr || working_folder[0] != '/')) {
+    char folder[PATH_MAX];
+    if (!is_absolute && !working_folder(folder, sizeof folder)) {
         return false;
     }
     BackwardPath result(buffer, size);
@@ -107,7 +108,7 @@ bool full_path(const char* path, char* buffer, std::size_t size) {
     }
     result.prepend_components(given);
     if (!is_absolute) {
-        result.prepend_components(working_folder);
+        result.prepend_components(folder);
     }
     if (result.is_empty()) {
         result.prepend("/");

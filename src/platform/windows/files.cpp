@@ -1,4 +1,5 @@
 #include <sys/stat.h>
+#include <windows.h>
 
 #include <cstdint>
 #include <cstdlib>
@@ -17,11 +18,21 @@ bool file_status(const char* path, FileStatus& status) {
     status.accessed = found.st_atime;
     status.modified = found.st_mtime;
     status.created = found.st_ctime;
+    status.device = found.st_dev;
+    status.links = static_cast<std::uint32_t>(found.st_nlink);
     return true;
 }
 
 bool full_path(const char* path, char* buffer, std::size_t size) {
     return path != nullptr && _fullpath(buffer, path, size) != nullptr;
+}
+
+bool copy_file(const char* source, const char* target, bool spare_existing) {
+    return source != nullptr && target != nullptr && CopyFileA(source, target, spare_existing ? TRUE : FALSE) != 0;
+}
+
+bool move_file(const char* source, const char* target) {
+    return source != nullptr && target != nullptr && MoveFileExA(source, target, MOVEFILE_COPY_ALLOWED) != 0;
 }
 
 }  // namespace orvil::platform
