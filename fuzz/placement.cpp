@@ -2,41 +2,13 @@
 // refused is left as it was.
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 
 #include "orvil/geometry/scalars.h"
 #include "orvil/geometry/space_primitives.h"
 #include "support/fuzz_check.h"
+#include "support/numbers.h"
 
 namespace {
-
-// The input as doubles, which is read round and round.
-class Numbers {
-public:
-    Numbers(const std::uint8_t* data, std::size_t size) : data_(data), count_(size / sizeof(double)) {}
-
-    double next() {
-        double number = 0.0;
-        std::memcpy(&number, data_ + at_++ % count_ * sizeof number, sizeof number);
-        return number;
-    }
-
-    C2DPoint point() {
-        const double x = next();
-        return C2DPoint(x, next());
-    }
-
-    C3DPoint space_point() {
-        const double x = next();
-        const double y = next();
-        return C3DPoint(x, y, next());
-    }
-
-private:
-    const std::uint8_t* data_;
-    std::size_t count_;
-    std::size_t at_ = 0;
-};
 
 constexpr double kTwoPi = 6.283185307179586;
 

@@ -58,22 +58,21 @@ void place_crossings(double a, double b, const FrameLine& line, EllipseMeetings&
     meetings.points[1] = {a * left.x, b * left.y};
 }
 
-// The roots of A x^2 + 2 m q / b^2 x + q^2 / b^2 - 1 = 0 decide how many points there are.
+// The roots of A x^2 + 2 m q / b^2 x + q^2 / b^2 - 1 = 0 decide how many points there are. A is above 0, since the
+// radii have reciprocal squares. A greater root of exactly 0 is refused, here before anything else is done with it.
 bool meet_slanting(double a, double b, const FrameLine& line, EllipseMeetings& meetings) {
     const double m = line.span.y / line.span.x;
     const double q = line.start.y - m * line.start.x;
     const double per_a = 1.0 / (a * a);
     const double per_b = 1.0 / (b * b);
     const double leading = per_a + m * m * per_b;
-    if (leading == 0.0) {
-        return false;
-    }
     const double discriminant = per_a - q * q * per_a * per_b + m * m * per_b;
     const double half_linear = q * m * per_b;
     if (discriminant == 0.0) {
         const double x = -half_linear / leading;
         meetings.count = 1;
         meetings.points[0] = {x, m * x + q};
+        return true;
     }
     if (!(discriminant > 0.0)) {
         return true;
