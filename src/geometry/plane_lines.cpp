@@ -93,8 +93,8 @@ bool C2DLine::Rotate(const C2DPoint& centre, double angle) {
 }
 
 bool C2DLine::Stretch(const C2DPoint& base, double sx, double sy) {
-    const C2DPoint fixed = base;
-    return start.Stretch(fixed, sx, sy) && end.Stretch(fixed, sx, sy);
+    C2DLine edited = *this;
+    return edited.start.Stretch(base, sx, sy) && edited.end.Stretch(base, sx, sy) && SetData(edited);
 }
 
 bool C2DLine::Mirror(const C2DPoint& a, const C2DPoint& b) {
@@ -156,13 +156,13 @@ bool C2DVectorLine::Optimize() {
 }
 
 bool C2DVectorLine::Rotate(const C2DPoint& centre, double angle) {
-    const C2DPoint fixed = centre;
-    return base.Rotate(fixed, angle) && vector.Rotate(fixed, angle);
+    C2DVectorLine edited = *this;
+    return edited.base.Rotate(centre, angle) && edited.vector.Rotate(centre, angle) && SetData(edited);
 }
 
 bool C2DVectorLine::Stretch(const C2DPoint& base_point, double sx, double sy) {
-    const C2DPoint fixed = base_point;
-    return base.Stretch(fixed, sx, sy) && vector.Stretch(fixed, sx, sy);
+    C2DVectorLine edited = *this;
+    return edited.base.Stretch(base_point, sx, sy) && edited.vector.Stretch(base_point, sx, sy) && SetData(edited);
 }
 
 bool C2DVectorLine::MatrixCalculation(const C2DMatrixItem& step) {

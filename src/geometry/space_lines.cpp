@@ -44,18 +44,18 @@ bool C3DLine::Compare(const C3DLine& other) const {
 }
 
 bool C3DLine::Move(const C3DPoint& offset) {
-    const C3DPoint by = offset;
-    return start.AddPoint(by) && end.AddPoint(by);
+    C3DLine edited = *this;
+    return edited.start.AddPoint(offset) && edited.end.AddPoint(offset) && SetData(edited);
 }
 
 bool C3DLine::Rotate(const C3DPoint& centre, double ax, double ay, double az) {
-    const C3DPoint fixed = centre;
-    return start.Rotate(fixed, ax, ay, az) && end.Rotate(fixed, ax, ay, az);
+    C3DLine edited = *this;
+    return edited.start.Rotate(centre, ax, ay, az) && edited.end.Rotate(centre, ax, ay, az) && SetData(edited);
 }
 
 bool C3DLine::Stretch(const C3DPoint& base, double sx, double sy, double sz) {
-    const C3DPoint fixed = base;
-    return start.Stretch(fixed, sx, sy, sz) && end.Stretch(fixed, sx, sy, sz);
+    C3DLine edited = *this;
+    return edited.start.Stretch(base, sx, sy, sz) && edited.end.Stretch(base, sx, sy, sz) && SetData(edited);
 }
 
 bool C3DLine::MatrixCalculation(const C3DMatrixItem& step) {
@@ -108,13 +108,14 @@ bool C3DVectorLine::Optimize() {
 }
 
 bool C3DVectorLine::Rotate(const C3DPoint& centre, double ax, double ay, double az) {
-    const C3DPoint fixed = centre;
-    return base.Rotate(fixed, ax, ay, az) && vector.Rotate(fixed, ax, ay, az);
+    C3DVectorLine edited = *this;
+    return edited.base.Rotate(centre, ax, ay, az) && edited.vector.Rotate(centre, ax, ay, az) && SetData(edited);
 }
 
 bool C3DVectorLine::Stretch(const C3DPoint& base_point, double sx, double sy, double sz) {
-    const C3DPoint fixed = base_point;
-    return base.Stretch(fixed, sx, sy, sz) && vector.Stretch(fixed, sx, sy, sz);
+    C3DVectorLine edited = *this;
+    return edited.base.Stretch(base_point, sx, sy, sz) && edited.vector.Stretch(base_point, sx, sy, sz) &&
+           SetData(edited);
 }
 
 bool C3DVectorLine::MatrixCalculation(const C3DMatrixItem& step) {
