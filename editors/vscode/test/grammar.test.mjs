@@ -210,12 +210,12 @@ test("characters that begin nothing are marked", () =>
   ]));
 
 test("bytes above 127 are marked outside of strings and comments", () =>
-  expectPieces('"ö" // ö\nö', [
+  expectPieces('"ö" // ö\nö\u0080', [
     '" punctuation.definition.string.begin',
     "ö string.quoted.double",
     '" punctuation.definition.string.end',
     "// ö comment.line.double-slash",
-    "ö invalid.illegal.character",
+    "ö\u0080 invalid.illegal.character",
   ]));
 
 test("fences of Markdown hold the language", async () => {
