@@ -19,6 +19,7 @@ TEST(OrvilCommandLine, HelpListsTheCommands) {
         "  messages  list messages, look one up, or put message files together\n"
         "  figure    draw figures, and where they meet, as SVG\n"
         "  params    print the parameters of blocks as tables\n"
+        "  curve     draw NURBS curves as SVG, and write their segments\n"
         "\n"
         "orvil COMMAND --help    more about a command\n"
         "orvil --version         the program's version\n"
@@ -31,7 +32,8 @@ TEST(OrvilCommandLine, HelpIsACommandToo) {
 }
 
 TEST(OrvilCommandLine, EachCommandHasItsHelp) {
-    for (const std::string command : {"check", "tree", "get", "format", "new"}) {
+    for (const std::string command :
+         {"check", "tree", "get", "format", "new", "messages", "figure", "params", "curve"}) {
         const ProgramResult result = orvil_program({command, "--help"});
         EXPECT_EQ(result.exit_code, 0);
         EXPECT_EQ(result.err, "");
