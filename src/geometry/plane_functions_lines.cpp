@@ -41,10 +41,10 @@ bool coincide(PlaneVector v, PlaneVector w) {
     return length(v - w) < kTolerance;
 }
 
-// Whether the distance of start + offset from the infinite line is below 1e-8.
+// Whether the distance of start + offset from the infinite line is below 1e-8. Without a length there is none: it is
+// NaN.
 bool is_near_line(const Segment& segment, PlaneVector offset) {
-    const double span_length = std::sqrt(segment.span_squared);
-    return span_length != 0.0 && std::fabs(cross(segment.span, offset)) / span_length < kTolerance;
+    return std::fabs(cross(segment.span, offset)) / std::sqrt(segment.span_squared) < kTolerance;
 }
 
 bool is_on(const Segment& segment, PlaneVector p) {

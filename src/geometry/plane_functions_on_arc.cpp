@@ -9,11 +9,8 @@ constexpr double kWholeTurn = 360.0;
 constexpr double kArcDegrees = 1e-5;
 constexpr double kEllipseTolerance = 1e-7;
 
-// The direction in degrees, in (-180, 180]; 0 for no direction.
+// The direction in degrees, in (-180, 180]; 0 for no direction, as atan2 has it.
 double signed_degrees(double dx, double dy) {
-    if (dx == 0.0 && dy == 0.0) {
-        return 0.0;
-    }
     double degrees = std::atan2(dy, dx) * kDegreesPerRadian;
     degrees = degrees < 0.0 ? degrees + kWholeTurn : degrees;
     return degrees > kWholeTurn / 2.0 ? degrees - kWholeTurn : degrees;

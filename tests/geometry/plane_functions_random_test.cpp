@@ -67,6 +67,33 @@ TEST_F(RandomFigures, SegmentsMeetWhereTheEndsOfEachLieOnBothSidesOfTheOther) {
     EXPECT_GT(met, kFigures / 10);
 }
 
+// Figures so large and so small that rounding and tolerances decide, with corners that all but touch.
+TEST_F(RandomFigures, SegmentsMeetWhereTheMeetingPointIsOnBothAndNowhereElse) {
+    int codes[3] = {};
+    int near_ends = 0;
+    for (int i = 0; i < 20 * kFigures; ++i) {
+        const double size = std::pow(10.0, between(-9, 9));
+        const auto any = [&] {
+            const C2DPoint p = point();
+            return C2DPoint(size * p.x, size * p.y);
+        };
+        const C2DPoint a1 = any(), a2 = any(), b2 = any();
+        const double along = between(-0.2, 1.2), aside = between(-3e-8, 3e-8) / size;
+        const C2DPoint b1 = i % 2 == 0 ? any()
+                                       : C2DPoint(a1.x + along * (a2.x - a1.x) + aside * (b2.x - a1.x),
+                                                  a1.y + along * (a2.y - a1.y) + aside * (b2.y - a1.y));
+        C2DPoint p;
+        const int code = CA_INS2L(a1, a2, b1, b2, p);
+        if (code != 2) {
+            ASSERT_EQ(code, CA_ONLIN(a1, a2, p) == 0 && CA_ONLIN(b1, b2, p) == 0 ? 0 : 1) << i;
+            near_ends += p.GetDistance(b1) < 1e-7 ? 1 : 0;
+        }
+        ++codes[code];
+    }
+    EXPECT_GT(*std::min_element(codes, codes + 3), 100);
+    EXPECT_GT(near_ends, 100);
+}
+
 TEST_F(RandomFigures, PointsOfASegmentAreOnIt) {
     for (int i = 0; i < kFigures; ++i) {
         const C2DPoint a = point(), b = point();

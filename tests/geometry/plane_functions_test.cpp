@@ -163,31 +163,6 @@ TEST(PlaneAliases, BoundsOfAnArcMayReplaceItsCentre) {
     expect_point(axis, 0, -1);
 }
 
-// --- large figures --------------------------------------------------------------------------------------------------
-
-// The determinant of line and radii is 0 to the last digit, where the tolerance is finer than the digits.
-TEST(PlaneLimits, HugeTangentHasOnePoint) {
-    std::mt19937_64 random(20260704);
-    std::uniform_real_distribution<double> angle(0.1, 1.4);
-    int touching = 0;
-    for (int i = 0; i < 2000; ++i) {
-        const double t = angle(random);
-        const double r = 1e13;
-        const C2DPoint from(r * std::cos(t) + r * std::sin(t), r * std::sin(t) - r * std::cos(t));
-        const C2DPoint to(r * std::cos(t) - r * std::sin(t), r * std::sin(t) + r * std::cos(t));
-        C2DPoint p1, p2;
-        int count = -1;
-        ASSERT_TRUE(CAL_INSLE(from, to, C2DPoint(), C2DPoint(r, 0), 1, p1, p2, count));
-        ASSERT_TRUE(count >= 0 && count <= 2);
-        if (count == 1) {
-            EXPECT_NEAR(std::hypot(p1.x, p1.y) / r, 1, 1e-12);
-            expect_point(p2, 0, 0);
-            ++touching;
-        }
-    }
-    EXPECT_GT(touching, 0);
-}
-
 // --- hostile figures ------------------------------------------------------------------------------------------------
 
 // Every call must return one of its codes; a sanitizer and the time limit of the test see the rest.
