@@ -362,12 +362,14 @@ double decomposition_error(Random& random, Kind kind) {
 }  // namespace
 
 void add_curves(Functions& functions) {
-    constexpr Bounds basis = {1e-14, 1e-14, 1e-14, 1e-14};
-    constexpr Bounds points = {4e-15, 4e-15, 4e-15, 4e-15};
+    constexpr Bounds basis = {4e-15, 4e-15, 4e-15, 4e-15};
+    constexpr Bounds points = {1e-15, 1e-15, 1e-15, 1e-15};
     constexpr Bounds circles = {1e-15, 1e-15, 1e-15, kNotMeasured};
-    constexpr Bounds sound_fits = {1e-14, 1e-14, 1e-14, 1e-14};
-    constexpr Bounds other_fits = {1e-11, 1e-11, 1e-11, 1e-11};
-    constexpr Bounds residuals = {1e-10, 1e-10, 1e-10, 1e-10};
+    constexpr Bounds sound_fits = {4e-15, 4e-15, 4e-15, 4e-15};
+    constexpr Bounds other_fits = {1e-13, 1e-13, 1e-13, 1e-13};
+    // Pivots of one column's largest coefficient know nothing of rows of other sizes.
+    constexpr Bounds eliminated = {1e-13, 1e-13, 1e-13, 1e-9};
+    constexpr Bounds decomposed = {1e-13, 1e-13, 1e-13, 1e-13};
     functions.insert(
         functions.end(),
         {
@@ -376,8 +378,8 @@ void add_curves(Functions& functions) {
             {"CCalcNurbs::CreateLines, a circle", "radius", circles, circle_error},
             {"CCalcNurbs::CreateCtrl, dimensions 2 to 4", "control points", sound_fits, sound_fit_error},
             {"CCalcNurbs::CreateCtrl, the others", "control points", other_fits, other_fit_error},
-            {"CCalcNurbs::GauseMethod", "terms of each equation", residuals, elimination_error},
-            {"CCalcNurbs::SolveLinerSystemOfEquations", "terms of each equation", residuals, decomposition_error},
+            {"CCalcNurbs::GauseMethod", "terms of each equation", eliminated, elimination_error},
+            {"CCalcNurbs::SolveLinerSystemOfEquations", "terms of each equation", decomposed, decomposition_error},
         });
 }
 

@@ -230,10 +230,9 @@ bool CCalcNurbs::Move(double dx, double dy) {
     return true;
 }
 
-// The centre may be one of the curve's own points.
+// The centre may be one of the curve's own points, which then stays where it is.
 bool CCalcNurbs::Rotate(const C3DPoint& centre, double angle) {
-    const C3DPoint fixed(centre);
-    const auto rotate = [&fixed, angle](C3DPoint& point) { point.Rotate(fixed, 0.0, 0.0, angle); };
+    const auto rotate = [&centre, angle](C3DPoint& point) { point.Rotate(centre, 0.0, 0.0, angle); };
     edit_points(fit_points_, rotate);
     edit_points(ctrl_points_, rotate);
     return ClearLine();

@@ -2,6 +2,9 @@
 // recursion's own operations in its own order, so that every value is the recursion's to the last bit.
 #pragma once
 
+#include <bit>
+#include <cstdint>
+
 #include "geometry/nurbs_limits.h"
 
 namespace orvil::detail {
@@ -29,40 +32,53 @@ public:
         Part* part = parts_;
         for (int level = 1; level <= Degree; ++level) {
             for (int i = 1 - level; i <= 0; ++i) {
-                const double width = knots[i + level] - knots[i];
-                // A term over less than the tolerance is 0; so is a finite number over infinity.
-                const double divisor = width < kKnotTolerance ? __builtin_huge_val() : width;
-                part->offset = Pair{-knots[i], knots[i + level]};
-                part->divisor = Pair{divisor, divisor};
-                ++part;
+                *part++ = part_between(knots[i], knots[i + level]);
             }
         }
     }
 
-    // Fills `values`, of which there are Degree + 1, for a parameter that lies in the span.
-    void evaluate(double t, double* values) const {
-        const Pair parameter{t, -t};
+    // Fills `values`, of which there are Degree + 1, for a parameter that lies in the span, or for two of them.
+    template <typename Number>
+    void evaluate(Number t, Number* values) const {
         const Part* part = parts_;
-        values[Degree] = 1.0;
+        values[Degree] = Number{} + 1.0;
         for (int level = 1; level <= Degree; ++level) {
-            double* value = values + (Degree - level);
-            double rising = 0.0;  // the first term, which comes from the function before
+            Number* value = values + (Degree - level);
+            Number rising{};  // the first term, which comes from the function before
             for (int i = 0; i < level; ++i, ++part) {
-                const Pair terms = (parameter + part->offset) / part->divisor * value[i + 1];
-                value[i] = rising + terms[1];
-                rising = terms[0];
+                const Number below = value[i + 1];
+                value[i] = rising + part->of_width(part->to - t) * below;
+                rising = part->of_width(t - part->from) * below;
             }
             value[level] = rising;
         }
     }
 
 private:
-    // What makes two terms of a function: (t - u[i]) / width for the one of the same index above it, (u[i + level] - t)
-    // / width for the one before.
+    // The knots that a function lies between, which makes one term of each of the two functions above it.
     struct Part {
-        Pair offset;
-        Pair divisor;
+        double from;
+        double to;
+        double factor;    // the width, or what makes the same bits when it is multiplied with
+        bool multiplies;  // whether it is that
+
+        template <typename Number>
+        Number of_width(Number distance) const {
+            return multiplies ? distance * factor : distance / factor;
+        }
     };
+
+    // Multiplying takes less time than dividing. It gives the same bits where the width is a power of two, as it often
+    // is; and a term over less than the tolerance is 0.
+    static Part part_between(double from, double to) {
+        const double width = to - from;
+        if (width < kKnotTolerance) {
+            return {from, to, 0.0, true};
+        }
+        constexpr std::uint64_t kFraction = (std::uint64_t{1} << 52) - 1;
+        const bool is_power_of_two = (std::bit_cast<std::uint64_t>(width) & kFraction) == 0;
+        return {from, to, is_power_of_two ? 1.0 / width : width, is_power_of_two};
+    }
 
     Part parts_[kHighestDegree * (kHighestDegree + 1) / 2];
 };

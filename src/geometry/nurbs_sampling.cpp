@@ -19,11 +19,7 @@ namespace {
 constexpr std::int64_t kMostSegments = INT32_MAX - 17;
 
 struct WeightedPoint {
-    Pair xy;
-    Pair z1;  // z, and 1 to add the weights up by
-    double weight;
-
-    bool is_finite() const;
+    double x, y, z, weight;
 };
 
 struct Position {
@@ -32,11 +28,6 @@ struct Position {
 
 bool is_finite(double value) {
     return std::fabs(value) <= DBL_MAX;
-}
-
-bool WeightedPoint::is_finite() const {
-    return detail::is_finite(xy[0]) && detail::is_finite(xy[1]) && detail::is_finite(z1[0]) &&
-           detail::is_finite(weight);
 }
 
 bool is_same_knot(double left, double right) {
@@ -85,11 +76,7 @@ bool gather_points(const CExtArray<CNurbsCtrlPoint>& points, Curve& curve) {
     }
     for (int i = 0; i < curve.count; ++i) {
         if (const CNurbsCtrlPoint* from = points.GetAt(i)) {
-            const C3DPoint& point = from->point;
-            WeightedPoint& to = curve.points[static_cast<std::size_t>(i)];
-            to.xy = Pair{point.x, point.y};
-            to.z1 = Pair{point.z, 1.0};
-            to.weight = from->weight;
+            curve.points[static_cast<std::size_t>(i)] = {from->point.x, from->point.y, from->point.z, from->weight};
         }
     }
     return true;
@@ -146,7 +133,9 @@ std::int64_t count_segments(const Curve& curve, int divisions) {
 
 bool has_finite_points(const Curve& curve) {
     const WeightedPoint* points = curve.points.data();
-    return std::all_of(points, points + curve.count, [](const WeightedPoint& point) { return point.is_finite(); });
+    return std::all_of(points, points + curve.count, [](const WeightedPoint& point) {
+        return is_finite(point.x) && is_finite(point.y) && is_finite(point.z) && is_finite(point.weight);
+    });
 }
 
 // Whether each parameter lies in one span only, so that all but degree + 1 basis functions are 0: the knots that
@@ -164,46 +153,64 @@ bool has_single_spans(const Curve& curve) {
     return true;
 }
 
-// The rational combination of `count` points. Returns false when the weighted sum is 0 or anything is not finite.
-template <typename Count>
-[[gnu::always_inline]] inline bool combine(const double* basis, const WeightedPoint* points, Count count,
-                                           Position& position) {
-    Pair xy{};
-    Pair z_and_sum{};
-    for (int i = 0; i < count; ++i) {
-        const double part = basis[i] * points[i].weight;
-        xy += part * points[i].xy;
-        z_and_sum += part * points[i].z1;
+// The rational combination of points, for one parameter or for two.
+template <typename Number>
+struct Combination {
+    Number x{};
+    Number y{};
+    Number z{};
+    Number sum{};
+
+    void add(Number basis, const WeightedPoint& point) {
+        const Number part = basis * point.weight;
+        x += part * point.x;
+        y += part * point.y;
+        z += part * point.z;
+        sum += part;
     }
-    const double sum = z_and_sum[1];
-    xy /= Pair{sum, sum};
-    z_and_sum /= Pair{sum, 1.0};
-    position = {xy[0], xy[1], z_and_sum[0]};
-    // What is not finite, as all that is divided by 0, is not 0 when it is taken from itself.
-    const Pair zeros = (xy - xy) + (z_and_sum - z_and_sum);
+
+    void divide() {
+        x /= sum;
+        y /= sum;
+        z /= sum;
+    }
+
+    // 0 when all is finite. What is not, as all that has been divided by 0, is not 0 when it is taken from itself.
+    Number zero_if_finite() const { return (x - x) + (y - y) + (z - z) + (sum - sum); }
+};
+
+// Returns false when the weighted sum is 0 or anything is not finite.
+template <typename Count>
+bool combine(const double* basis, const WeightedPoint* points, Count count, Position& position) {
+    Combination<double> combination;
+    for (int i = 0; i < count; ++i) {
+        combination.add(basis[i], points[i]);
+    }
+    combination.divide();
+    position = {combination.x, combination.y, combination.z};
+    return combination.zero_if_finite() == 0;
+}
+
+// The same for two parameters.
+template <typename Count>
+[[gnu::always_inline]] inline bool combine(const Pair* basis, const WeightedPoint* points, Count count,
+                                           Position (&positions)[2]) {
+    Combination<Pair> combination;
+    for (int i = 0; i < count; ++i) {
+        combination.add(basis[i], points[i]);
+    }
+    combination.divide();
+    for (int lane : {0, 1}) {
+        positions[lane] = {combination.x[lane], combination.y[lane], combination.z[lane]};
+    }
+    const Pair zeros = combination.zero_if_finite();
     return zeros[0] + zeros[1] == 0;
 }
 
-// As combine(), for parameters at which one point alone may count. The curve is there exactly, without what multiplying
-// and dividing would round.
-template <typename Count>
-bool combine_at_knot(const double* basis, const WeightedPoint* points, Count count, Position& position) {
-    int counting = 0;
-    const WeightedPoint* last = points;
-    double last_part = 0;
-    for (int i = 0; i < count; ++i) {
-        const double part = basis[i] * points[i].weight;
-        if (part != 0) {
-            ++counting;
-            last = points + i;
-            last_part = part;
-        }
-    }
-    if (counting != 1 || !is_finite(last_part)) {
-        return combine(basis, points, count, position);
-    }
-    position = {last->xy[0], last->xy[1], last->z1[0]};
-    return true;
+// Where one point alone counts the curve is there exactly, without what multiplying and dividing would round.
+bool at_point(const WeightedPoint& point, Position& position) {
+    position = {point.x, point.y, point.z};
+    return point.weight != 0;
 }
 
 // Evaluates a curve whose parameters lie in one span each. They must not decrease from call to call.
@@ -217,8 +224,34 @@ public:
 
     bool prepare() { return true; }
 
-    // Inside of the spans. Rounding may lead to the end of one.
-    bool at(double t, Position& position) {
+    // Two parameters inside of a span, which may be the same. Rounding may lead to its end.
+    bool at(const Pair& t, Position (&positions)[2]) {
+        if (t[1] >= behind_) {
+            return at_one(t[0], positions[0]) && at_one(t[1], positions[1]);
+        }
+        Pair values[kMostFunctions];
+        basis_.evaluate(t, values);
+        return combine(values, points_, kFunctions(), positions);
+    }
+
+    // At the start or the end of a span.
+    bool at_knot(double t, Position& position) {
+        if (t == curve_.last_parameter && curve_.is_end_clamped) {
+            return at_point(curve_.points[static_cast<std::size_t>(curve_.count) - 1], position);
+        }
+        if (!reach(t)) {
+            return false;
+        }
+        if (has_corner_ && t == curve_.knot(span_)) {
+            return at_point(*points_, position);
+        }
+        double values[kMostFunctions];
+        basis_.evaluate(t, values);
+        return combine(values, points_, kFunctions(), position);
+    }
+
+private:
+    bool at_one(double t, Position& position) {
         if (t >= behind_) {
             return at_knot(t, position);
         }
@@ -227,27 +260,14 @@ public:
         return combine(values, points_, kFunctions(), position);
     }
 
-    // At the start or the end of a span.
-    bool at_knot(double t, Position& position) {
-        if (t == curve_.last_parameter && curve_.is_end_clamped) {
-            const double last_basis = 1.0;
-            return combine_at_knot(&last_basis, curve_.points.data() + curve_.count - 1, 1, position);
-        }
-        if (!reach(t)) {
-            return false;
-        }
-        double values[kMostFunctions];
-        basis_.evaluate(t, values);
-        return combine_at_knot(values, points_, kFunctions(), position);
-    }
-
-private:
     using kFunctions = std::integral_constant<int, Degree + 1>;
 
     void enter() {
         basis_.enter(curve_.knots.data() + span_);
         points_ = curve_.points.data() + span_ - Degree;
         behind_ = curve_.knot(span_ + 1);
+        has_corner_ =
+            curve_.knot(span_ - Degree + 1) == curve_.knot(span_) && !is_same_knot(curve_.knot(span_), behind_);
     }
 
     // Enters the span that t lies in. Returns false behind the last span, where every function is 0.
@@ -269,6 +289,7 @@ private:
     SpanBasis<Degree> basis_;
     const WeightedPoint* points_ = nullptr;  // the first that counts in the span
     double behind_ = 0;                      // where the span ends
+    bool has_corner_ = false;                // whether that point alone counts where the span begins
 };
 
 // Evaluates a curve over any knots, from all of its basis functions.
@@ -278,12 +299,8 @@ public:
 
     bool prepare() { return values_.allocate(static_cast<std::size_t>(curve_.count + curve_.degree)); }
 
-    bool at(double t, Position& position) {
-        if (t == curve_.last_parameter) {
-            return at_knot(t, position);
-        }
-        evaluate(t);
-        return combine(values_.data(), curve_.points.data(), curve_.count, position);
+    bool at(const Pair& t, Position (&positions)[2]) {
+        return at_one(t[0], positions[0]) && at_one(t[1], positions[1]);
     }
 
     bool at_knot(double t, Position& position) {
@@ -291,10 +308,34 @@ public:
         if (t == curve_.last_parameter && curve_.is_end_clamped) {
             values_[static_cast<std::size_t>(curve_.count) - 1] = 1.0;
         }
-        return combine_at_knot(values_.data(), curve_.points.data(), curve_.count, position);
+        const int only = only_function();
+        return only < 0 ? combine(values_.data(), curve_.points.data(), curve_.count, position)
+                        : at_point(curve_.points[static_cast<std::size_t>(only)], position);
     }
 
 private:
+    bool at_one(double t, Position& position) {
+        if (t == curve_.last_parameter) {
+            return at_knot(t, position);
+        }
+        evaluate(t);
+        return combine(values_.data(), curve_.points.data(), curve_.count, position);
+    }
+
+    // The number of the function that is not 0 when all others are; -1 when there are more, or none, or it is not
+    // finite.
+    int only_function() const {
+        int only = -1;
+        for (int i = 0; i < curve_.count; ++i) {
+            const double value = values_[static_cast<std::size_t>(i)];
+            if (value != 0 && (only >= 0 || !is_finite(value))) {
+                return -1;
+            }
+            only = value != 0 ? i : only;
+        }
+        return only;
+    }
+
     void evaluate(double t) {
         all_basis_functions(curve_.knots.data(), curve_.degree + 1, curve_.count, t, values_.data());
     }
@@ -334,16 +375,19 @@ private:
     Position last_{};
 };
 
+// The samples inside of a span are taken by twos; an odd one at the end twice.
 template <typename Evaluator>
 bool draw_span(const Curve& curve, int span, double step, int divisions, Evaluator& evaluator, SegmentChain& chain) {
     const double from = curve.knot(span);
-    Position position;
-    for (int s = 1; s < divisions; ++s) {
-        if (!evaluator.at(from + s * step, position) || !chain.add(position)) {
+    Position positions[2];
+    for (int s = 1; s < divisions; s += 2) {
+        const bool is_odd = s + 1 == divisions;
+        const Pair t{from + s * step, from + (is_odd ? s : s + 1) * step};
+        if (!evaluator.at(t, positions) || !chain.add(positions[0]) || !(is_odd || chain.add(positions[1]))) {
             return false;
         }
     }
-    return evaluator.at_knot(curve.span_end(span), position) && chain.add(position);
+    return evaluator.at_knot(curve.span_end(span), positions[0]) && chain.add(positions[0]);
 }
 
 template <typename Evaluator>

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <utility>
 
 #include "nurbs_probe.h"
 
@@ -252,6 +253,35 @@ TEST(NurbsCreateCtrl, ACurveThatWouldMissAPointIsRefused) {
     for (const int d : {1, 6, 7}) {
         NurbsProbe curve = fitted(d, random_places(400, 9));
         expect_refused(curve);
+    }
+}
+
+TEST(NurbsCreateCtrl, TheStatedNumbersOfPointsAreMet) {
+    for (const auto& [d, n] : {std::pair{1, 60}, {5, 150}, {6, 70}, {7, 50}}) {
+        for (unsigned seed = 0; seed < 20; ++seed) {
+            NurbsProbe curve = fitted(d, random_places(n, seed));
+            EXPECT_TRUE(curve.CreateCtrl()) << "dimension " << d << ", seed " << seed;
+        }
+    }
+}
+
+// Knots and control points are written over.
+TEST(NurbsCreateCtrl, AnotherNumberOfPointsGivesTheSameAsANewCurve) {
+    NurbsProbe curve = fitted(3, random_places(40, 1));
+    ASSERT_TRUE(curve.CreateCtrl());
+    curve.ctrl_points_.GetAt(2)->weight = 7;
+    curve.ClearFit();
+    for (const Place& place : random_places(9, 2)) {
+        curve.add_fit(place[0], place[1], place[2]);
+    }
+    ASSERT_TRUE(curve.CreateCtrl());
+    NurbsProbe fresh = fitted(3, random_places(9, 2));
+    ASSERT_TRUE(fresh.CreateCtrl());
+    EXPECT_EQ(curve.knots(), fresh.knots());
+    ASSERT_EQ(curve.ctrl_count(), 11);
+    for (int i = 0; i < 11; ++i) {
+        EXPECT_EQ(curve.ctrl_place(i), fresh.ctrl_place(i));
+        EXPECT_EQ(curve.ctrl(i).weight, 1.0);
     }
 }
 

@@ -70,14 +70,15 @@ private:
         int last = 0;
         for (int i = 0; i < n_; ++i) {
             const bool is_one = t == t1_ && i == n_ - 1 && is_clamped();
-            const double part = (is_one ? 1.0 : curve_.GetSplineBase(d_ + 1, i, t)) * curve_.ctrl(i).weight;
+            const double base = is_one ? 1.0 : curve_.GetSplineBase(d_ + 1, i, t);
+            const double part = base * curve_.ctrl(i).weight;
             const Place place = curve_.ctrl_place(i);
             for (std::size_t axis = 0; axis < 3; ++axis) {
                 sum[axis] += part * place[axis];
             }
             weights += part;
-            counting += part != 0 ? 1 : 0;
-            last = part != 0 ? i : last;
+            counting += base != 0 ? 1 : 0;
+            last = base != 0 ? i : last;
         }
         for (double& coordinate : sum) {
             coordinate /= weights;
