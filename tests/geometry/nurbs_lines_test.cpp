@@ -273,6 +273,19 @@ TEST(NurbsCreateLines, AnEndThatIsNotExactlyRepeatedFails) {
     expect_no_lines(curve, 4, false);
 }
 
+// The knot that is t1 within the tolerance lies behind it.
+TEST(NurbsCreateLines, TheLastSpanEndsAtTheLastKnotItself) {
+    NurbsProbe curve(1);
+    curve.add_knots({0, 0, 1, 2 + 5e-9, 2, 2});
+    for (int i = 0; i < 4; ++i) {
+        curve.add_ctrl(i, 0);
+    }
+    ASSERT_TRUE(curve.CreateLines(2));
+    ASSERT_EQ(curve.GetLineSize(), 4);
+    EXPECT_NEAR(curve.chain()[3][0], 1.5 - 2.5e-9, 1e-12);
+    EXPECT_NEAR(curve.chain()[4][0], 2 - 5e-9, 1e-12);
+}
+
 // A sample at such a knot lies in the narrow span.
 TEST(NurbsCreateLines, InnerKnotsThatAreNearlyEqualFail) {
     NurbsProbe curve(1);
@@ -309,6 +322,23 @@ TEST(NurbsCreateLines, SamplesThatRoundToTheEndOfTheirSpanAreTheEnd) {
     }
     EXPECT_EQ(chain[3][0], 1);
     EXPECT_EQ(chain[7][0], 2);
+}
+
+// A knot of full order parts the curve; the place at it is the next piece's.
+TEST(NurbsCreateLines, SamplesThatRoundToAKnotLieBehindIt) {
+    NurbsProbe curve(1);
+    const double from = std::ldexp(1.0, 53);
+    curve.add_knots({from, from, from + 2, from + 2, from + 4, from + 4});
+    for (const double x : {0, 1, 5, 6}) {
+        curve.add_ctrl(x, 0);
+    }
+    ASSERT_TRUE(curve.CreateLines(4));
+    const std::vector<Place> chain = curve.chain();
+    ASSERT_EQ(chain.size(), 9U);
+    EXPECT_EQ(chain[2][0], 0);
+    EXPECT_EQ(chain[3][0], 5);
+    EXPECT_EQ(chain[4][0], 5);
+    EXPECT_EQ(chain[8][0], 6);
 }
 
 // --- knots that do not rise ------------------------------------------------------------------------------------------
