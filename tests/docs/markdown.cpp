@@ -12,6 +12,12 @@
 namespace orvil::test {
 namespace {
 
+bool is_one_of(const std::string& word, const std::vector<std::string>& words) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+}  // namespace
+
 std::vector<std::string> words_of(const std::string& text) {
     std::istringstream in(text);
     std::vector<std::string> words;
@@ -20,12 +26,6 @@ std::vector<std::string> words_of(const std::string& text) {
     }
     return words;
 }
-
-bool is_one_of(const std::string& word, const std::vector<std::string>& words) {
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
-
-}  // namespace
 
 std::string Fence::kind() const {
     const std::vector<std::string> words = words_of(info);

@@ -9,6 +9,8 @@
 
 namespace orvil::test {
 
+std::vector<std::string> words_of(const std::string& text);
+
 struct Fence {
     std::string info;  // what stands behind the opening backticks
     std::string text;  // each line with a line feed

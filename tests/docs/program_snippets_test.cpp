@@ -36,15 +36,6 @@ INSTANTIATE_TEST_SUITE_P(Docs, CppSnippet, testing::ValuesIn(function_bodies()),
 
 class ConsoleSnippet : public testing::TestWithParam<Snippet> {};
 
-std::vector<std::string> words_of(const std::string& line) {
-    std::istringstream in(line);
-    std::vector<std::string> words;
-    for (std::string word; in >> word;) {
-        words.push_back(word);
-    }
-    return words;
-}
-
 // The output of one command "orvil ...", both streams one after the other.
 std::string output_of(const std::string& command) {
     std::vector<std::string> words = words_of(command);
