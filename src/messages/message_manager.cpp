@@ -26,7 +26,6 @@ namespace {
 
 constexpr int kBuckets = 61;
 constexpr int kCodesPerMap = 10000;
-constexpr unsigned kReadableAndWritable = 0x100 | 0x80;
 
 // A subject code as the key of its map.
 class CodeKey {
@@ -93,12 +92,6 @@ bool set_entry(CExtStrHash& hash, const char* key, const char* value) {
     }
     StringAccess::swap(entry, text);
     return true;
-}
-
-// Whether there is no file that its owner may not both read and write.
-bool may_be_written(const char* path) {
-    orvil::platform::FileStatus status;
-    return !orvil::platform::file_status(path, status) || (status.mode & kReadableAndWritable) == kReadableAndWritable;
 }
 
 }  // namespace
@@ -228,10 +221,11 @@ bool CMessageManager::Load(const char* path) {
     return true;
 }
 
+// The writer refuses a file that its owner may not both read and write.
 bool CMessageManager::Store(const char* path, const char* banner) const {
     const char* heading = banner == nullptr || *banner == '\0' ? kMessageFileBanner : banner;
     CLexTokenBlock master;
-    bool written = may_be_written(path) && bt_make_master_block(master, path, heading);
+    bool written = bt_make_master_block(master, path, heading);
     for (int position = 0; written && position < GetItemCount(); ++position) {
         written = CMessageRegister().RegistMessageMap(master, *GetMessageMap(position));
     }

@@ -135,6 +135,7 @@ TEST(MessageManager, RemovesAllMapsAndCanBeFilledAgain) {
     EXPECT_TRUE(manager.RemoveAll());
     EXPECT_TRUE(manager.AddMap(titled_map(4, "Again")));
     EXPECT_EQ(show_all(manager), "[4 Again: 1=of 4]");
+    EXPECT_EQ(manager.SearchMessageMap("T4"), nullptr);
 }
 
 // Far more than the hashes have buckets at first.
@@ -158,9 +159,13 @@ public:
     explicit CountedMap(bool copies) : copies_(copies) { ++alive; }
     CountedMap(const CountedMap& other) : CMessageMap(other), copies_(other.copies_) { ++alive; }
     ~CountedMap() override { --alive; }
-    CMessageMap* GetCopyInstance() const override { return copies_ ? new CountedMap(*this) : nullptr; }
+    CMessageMap* GetCopyInstance() const override {
+        ++asked;
+        return copies_ ? new CountedMap(*this) : nullptr;
+    }
 
     static inline int alive = 0;
+    static inline int asked = 0;
 
 private:
     bool copies_;
@@ -194,8 +199,9 @@ TEST(MessageManagerCopies, RefusedMapIsNotCopied) {
     CMessageManager manager;
     manager.AddMap(CMessageMap());
     const CountedMap map(true);
+    const int asked = CountedMap::asked;
     EXPECT_FALSE(manager.AddMap(map));
-    EXPECT_EQ(CountedMap::alive, 1);
+    EXPECT_EQ(CountedMap::asked, asked);
 }
 
 // A map that adds others while it is copied.
