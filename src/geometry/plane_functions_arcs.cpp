@@ -128,6 +128,7 @@ void meet(const Arc& a, const Arc& b, Meetings& meetings) {
 }  // namespace
 }  // namespace orvil
 
+// NOLINTNEXTLINE(readability-function-size): eleven parameters, as hosts call it.
 int CA_INS2C(const C2DPoint& c1, double Ra, double s1, double e1, const C2DPoint& c2, double Rb, double s2, double e2,
              C2DPoint& p1, C2DPoint& p2, int& count) {
     using orvil::raised;

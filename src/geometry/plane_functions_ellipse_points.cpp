@@ -89,11 +89,12 @@ bool CAL_ELPDT(const C2DPoint& p1, const C2DPoint& p2, const C2DPoint& centre, d
     }
     longRadius = axes.longer;
     shortRadius = axes.shorter;
-    // A circle has no major axis; its angles count from the direction 0.
-    axisAngle = axes.is_circle() ? 0.0 : orvil::direction(axes.major.x, axes.major.y, 1e-15 * axes.longer);
+    // That of a circle is laid along x, so that its angles count from the direction 0.
+    axisAngle = orvil::direction(axes.major.x, axes.major.y, 1e-15 * axes.longer);
     return true;
 }
 
+// NOLINTNEXTLINE(readability-function-size): nine parameters, as hosts call it.
 bool CAL_ANGPT(const C2DPoint& centre, double a, double b, double rotation, double start, double end, double direction,
                C2DPoint& p1, C2DPoint& p2) {
     const EllipseFrame frame(PlaneVector(centre), a, b, rotation);
@@ -139,12 +140,11 @@ bool CA_ELAMN2(const C2DPoint& centre, double longDiameter, double shortDiameter
     if (std::fabs(start - end) < orvil::kTolerance) {
         return false;
     }
-    const C2DPoint middle = centre;
     C2DPoint p[4];
     const double a = longDiameter / 2.0;
     const double b = shortDiameter / 2.0;
-    const bool has_x = CAL_ANGPT(middle, a, b, rotation, start, end, orvil::kHalfPi, p[0], p[1]);
-    const bool has_y = CAL_ANGPT(middle, a, b, rotation, start, end, 0.0, p[2], p[3]);
+    const bool has_x = CAL_ANGPT(centre, a, b, rotation, start, end, orvil::kHalfPi, p[0], p[1]);
+    const bool has_y = CAL_ANGPT(centre, a, b, rotation, start, end, 0.0, p[2], p[3]);
     const auto [left, right] = std::minmax({p[0].x, p[1].x, p[2].x, p[3].x});
     const auto [bottom, top] = std::minmax({p[0].y, p[1].y, p[2].y, p[3].y});
     minCorner.SetData(left, bottom);

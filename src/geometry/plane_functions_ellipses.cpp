@@ -140,6 +140,7 @@ bool CAL_INSLE(const C2DPoint& l1, const C2DPoint& l2, const C2DPoint& centre, c
     return met;
 }
 
+// NOLINTNEXTLINE(readability-function-size): ten parameters, as hosts call it.
 int A2D_INSL1(const double l1[2], const double l2[2], const double centre[2], double longDiameter, double shortDiameter,
               double rotation, const double angles[2], double p1[2], double p2[2], int* count) {
     const double a = longDiameter / 2.0;
@@ -149,17 +150,16 @@ int A2D_INSL1(const double l1[2], const double l2[2], const double centre[2], do
         return orvil::direction(a * parameter.x, b * parameter.y);
     };
     const double arc[2] = {polar(angles[0]), polar(angles[1])};
-    const double middle[2] = {centre[0], centre[1]};
     const PlaneVector axis = a * orvil::unit(rotation);
     C2DPoint found[2];
     int number = 0;
-    const bool met = CAL_INSLE(C2DPoint(l1[0], l1[1]), C2DPoint(l2[0], l2[1]), C2DPoint(middle[0], middle[1]),
+    const bool met = CAL_INSLE(C2DPoint(l1[0], l1[1]), C2DPoint(l2[0], l2[1]), C2DPoint(centre[0], centre[1]),
                                C2DPoint(axis.x, axis.y), b / a, found[0], found[1], number);
     C2DPoint kept[2];
     int kept_number = 0;
     for (int i = 0; i < number; ++i) {
         const double point[2] = {found[i].x, found[i].y};
-        if (A2D_PIN_CHK(middle, rotation, arc, point) == 0) {
+        if (A2D_PIN_CHK(centre, rotation, arc, point) == 0) {
             kept[kept_number++] = found[i];
         }
     }
