@@ -9,8 +9,6 @@
 namespace orvil::detail {
 namespace {
 
-constexpr int kSmallestBlock = 4;
-
 static_assert(offsetof(Record, name) == 0 && offsetof(Record, type) == 8 && offsetof(Record, flags) == 9 &&
               offsetof(Record, value) == 16 && offsetof(Record, cache_type) == 24 && offsetof(Record, cache) == 32 &&
               offsetof(Record, set) == 40 && offsetof(Record, link) == 48 && offsetof(Record, node) == 64 &&
@@ -21,6 +19,30 @@ struct BlockHead {
     void* next;
 };
 static_assert(sizeof(BlockHead) % alignof(Record) == 0);
+
+// Where a name is in the tree, or would be.
+struct RecordPlace {
+    Record* record;       // null when there is none of that name
+    arbt_node_t* parent;  // of a record that is to be linked here
+    arbt_node_t** link;   // that points to it then
+};
+
+RecordPlace find_place(vpr_set_t& set, const RecordKey& key) {
+    Record* parent = nullptr;
+    int order = 0;
+    for (arbt_node_t* node = set.tree.node; node != nullptr;
+         node = order < 0 ? parent->node.left : parent->node.right) {
+        parent = record_of(node);
+        order = key.compare(*parent);
+        if (order == 0) {
+            return {parent, nullptr, nullptr};
+        }
+    }
+    if (parent == nullptr) {
+        return {nullptr, nullptr, &set.tree.node};
+    }
+    return {nullptr, &parent->node, order < 0 ? &parent->node.left : &parent->node.right};
+}
 
 // Copies the value of an item into a record that is free.
 bool store_value(Record& record, const __aVPRESTVITEM_t& item) {
@@ -45,14 +67,70 @@ bool store_value(Record& record, const __aVPRESTVITEM_t& item) {
     return true;
 }
 
-// Takes the owned texts out of a record and marks it as free.
-void empty_record(Record& record, char*& name, char*& string, char*& cache) {
-    name = std::exchange(record.name, nullptr);
-    string = record.type == 's' ? record.value.s : nullptr;
-    cache = record.cache_type == 's' ? record.cache.s : nullptr;
-    record.type = 0;
-    record.cache_type = 0;
-    record.flags = static_cast<unsigned char>(record.flags & ~kInUse);
+// The texts of a record's value and of its cache, of which it knows no longer.
+struct FormerTexts {
+    explicit FormerTexts(Record& record)
+        : string(record.type == 's' ? record.value.s : nullptr),
+          cache(record.cache_type == 's' ? record.cache.s : nullptr) {
+        record.type = 0;
+        record.cache_type = 0;
+        record.flags = static_cast<unsigned char>(record.flags & ~kInUse);
+    }
+    ~FormerTexts() {
+        vpr_free(string);
+        vpr_free(cache);
+    }
+    FormerTexts(const FormerTexts&) = delete;
+    FormerTexts& operator=(const FormerTexts&) = delete;
+
+    char* string;
+    char* cache;
+};
+
+void release_texts(Record& record) {
+    const FormerTexts former(record);
+    vpr_free(std::exchange(record.name, nullptr));
+}
+
+// Gives a record another value and the last place in the order of creation; its name and its place in the tree stay.
+// The value may lie in the record itself. Without it the record is deleted.
+bool renew_record(Record& record, const __aVPRESTVITEM_t& item) {
+    ActiveWalk<Record>::leave_out(&record);
+    const FormerTexts former(record);
+    if (!store_value(record, item)) {
+        delete_record(record);
+        return false;
+    }
+    adl_move_tail(&record.link, &record.set->records);
+    return true;
+}
+
+// Takes a free record, which becomes the last one in the order of creation, with a copy of the item's value. Null when
+// there is no memory or the item has no valid type.
+Record* obtain_record(vpr_set_t& set, const __aVPRESTVITEM_t& item) {
+    if (set.free_list.next == nullptr || (set.free_list.next == &set.free_list && !grow_pool(set))) {
+        return nullptr;
+    }
+    Record* record = record_of(set.free_list.next);
+    if (!store_value(*record, item)) {
+        return nullptr;
+    }
+    adl_move_tail(&record->link, &set.records);
+    return record;
+}
+
+// Adds a record at its place in the tree. Its name is copied last: without memory it has none.
+bool add_at(vpr_set_t& set, const RecordKey& key, const RecordPlace& place, const __aVPRESTVITEM_t& item) {
+    Record* record = obtain_record(set, item);
+    if (record == nullptr) {
+        return false;
+    }
+    arbt_link_node(&record->node, place.parent, place.link);
+    arbt_insert_fixup(&record->node, &set.tree);
+    ++set.tree.count;
+    record->name = vpr_strdup(key.text());
+    record->leading = record->name == nullptr ? 0 : key.leading();
+    return true;
 }
 
 }  // namespace
@@ -63,23 +141,6 @@ std::uint64_t RecordKey::leading_bytes(const char* text) {
         leading |= static_cast<std::uint64_t>(static_cast<unsigned char>(*text++)) << shift;
     }
     return leading;
-}
-
-RecordPlace find_place(vpr_set_t& set, const RecordKey& key) {
-    Record* parent = nullptr;
-    int order = 0;
-    for (arbt_node_t* node = set.tree.node; node != nullptr;
-         node = order < 0 ? parent->node.left : parent->node.right) {
-        parent = record_of(node);
-        order = key.compare(*parent);
-        if (order == 0) {
-            return {parent, nullptr, nullptr};
-        }
-    }
-    if (parent == nullptr) {
-        return {nullptr, nullptr, &set.tree.node};
-    }
-    return {nullptr, &parent->node, order < 0 ? &parent->node.left : &parent->node.right};
 }
 
 Record* find_record(const vpr_set_t& set, const RecordKey& key) {
@@ -136,64 +197,27 @@ bool grow_pool(vpr_set_t& set) {
     return true;
 }
 
-Record* obtain_record(vpr_set_t& set, const __aVPRESTVITEM_t& item) {
-    if (set.free_list.next == nullptr || (set.free_list.next == &set.free_list && !grow_pool(set))) {
-        return nullptr;
-    }
-    Record* record = record_of(set.free_list.next);
-    if (!store_value(*record, item)) {
-        return nullptr;
-    }
-    adl_move_tail(&record->link, &set.records);
-    return record;
-}
-
-void insert_record(vpr_set_t& set, Record& record, const RecordKey& key, const RecordPlace& place) {
-    arbt_link_node(&record.node, place.parent, place.link);
-    arbt_insert_fixup(&record.node, &set.tree);
-    ++set.tree.count;
-    record.name = vpr_strdup(key.text());
-    record.leading = record.name == nullptr ? 0 : key.leading();
-}
-
-int copy_record(vpr_set_t& set, const Record& source) {
-    const RecordKey key(name_of(source));
+bool add_record(vpr_set_t& set, const RecordKey& key, const __aVPRESTVITEM_t& item) {
     const RecordPlace place = find_place(set, key);
-    Record* record = place.record != nullptr ? nullptr : obtain_record(set, item_of(source));
-    if (record == nullptr) {
-        return 1;
-    }
-    insert_record(set, *record, key, place);
-    return 0;
+    return place.record == nullptr && add_at(set, key, place, item);
 }
 
-FormerTexts::FormerTexts(Record& record) {
-    delete_record(record);
+bool put_record(vpr_set_t& set, const RecordKey& key, const __aVPRESTVITEM_t& item) {
+    const RecordPlace place = find_place(set, key);
+    return place.record == nullptr ? add_at(set, key, place, item) : renew_record(*place.record, item);
 }
 
-FormerTexts::~FormerTexts() {
-    vpr_free(name_);
-    vpr_free(string_);
-    vpr_free(cache_);
-}
-
-void FormerTexts::delete_record(Record& record) {
+void delete_record(Record& record) {
     ActiveWalk<Record>::leave_out(&record);
     arbt_erase_entry(&record.node, &record.set->tree);
     adl_move_head(&record.link, &record.set->free_list);
-    empty_record(record, name_, string_, cache_);
+    release_texts(record);
 }
 
 void delete_records(vpr_set_t& set) {
     ActiveWalk<Record>::end_at([&set](const Record* record) { return record->set == &set; });
     for (adl_link_t* link = set.records.next; link != nullptr && link != &set.records; link = link->next) {
-        Record* record = record_of(link);
-        char *name, *string, *cache;
-        empty_record(*record, name, string, cache);
-        vpr_free(name);
-        vpr_free(string);
-        vpr_free(cache);
-        arbt_init_node(&record->node);
+        release_texts(*record_of(link));
     }
     adl_splice_init(&set.records, &set.free_list);
     arbt_init_root(&set.tree);

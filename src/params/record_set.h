@@ -29,6 +29,9 @@ struct Record {
 
 inline constexpr unsigned char kInUse = 1;
 
+// The least number of records by which a pool grows.
+inline constexpr int kSmallestBlock = 4;
+
 inline Record* record_of(const adl_link_t* link) {
     return reinterpret_cast<Record*>(reinterpret_cast<std::uintptr_t>(link) - offsetof(Record, link));
 }
@@ -63,15 +66,6 @@ private:
     std::uint64_t leading_;
 };
 
-// Where a name is in the tree, or would be.
-struct RecordPlace {
-    Record* record;       // null when there is none of that name
-    arbt_node_t* parent;  // of a record that is to be linked here
-    arbt_node_t** link;   // that points to it then
-};
-
-RecordPlace find_place(vpr_set_t& set, const RecordKey& key);
-
 Record* find_record(const vpr_set_t& set, const RecordKey& key);
 
 // The record of a name, which may be null or empty, in a set, which may be null; null when there is none.
@@ -88,34 +82,16 @@ __aVPRESTVITEM_t item_of(const Record& record);
 // Adds one block to the pool. False when there is no memory.
 bool grow_pool(vpr_set_t& set);
 
-// Takes a free record, which becomes the last one in the order of creation, with a copy of the item's value. Null when
-// there is no memory or the item has no valid type.
-Record* obtain_record(vpr_set_t& set, const __aVPRESTVITEM_t& item);
+// Adds a record with a copy of the item's value. False when there is one of that name, when there is no memory and when
+// the item has no valid type. Without memory for the name the record has none.
+bool add_record(vpr_set_t& set, const RecordKey& key, const __aVPRESTVITEM_t& item);
 
-// Links an obtained record into the tree, then copies its name: without memory it has none.
-void insert_record(vpr_set_t& set, Record& record, const RecordKey& key, const RecordPlace& place);
+// The same in the place of the record of that name, if there is one: that one is gone in any case. Name and value may
+// lie in it.
+bool put_record(vpr_set_t& set, const RecordKey& key, const __aVPRESTVITEM_t& item);
 
-// Obtains a record and inserts it. 0, or 1 when none can be obtained or the name is there already.
-int copy_record(vpr_set_t& set, const Record& source);
-
-// The texts of a record that has been deleted: they live as long as this object.
-class FormerTexts {
-public:
-    FormerTexts() = default;
-    // Deletes the record: it is free again.
-    explicit FormerTexts(Record& record);
-    ~FormerTexts();
-    FormerTexts(const FormerTexts&) = delete;
-    FormerTexts& operator=(const FormerTexts&) = delete;
-
-    // Deletes a record. Once for each object.
-    void delete_record(Record& record);
-
-private:
-    char* name_ = nullptr;
-    char* string_ = nullptr;
-    char* cache_ = nullptr;
-};
+// The record is free again.
+void delete_record(Record& record);
 
 // Deletes all records. A set of zeros is taken for an empty one.
 void delete_records(vpr_set_t& set);

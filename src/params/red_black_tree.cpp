@@ -292,8 +292,7 @@ void arbt_erase_entry(arbt_node_t* node, arbt_root_t* root) {
 }
 
 void arbt_replace_node(arbt_node_t* old_node, arbt_node_t* new_node, arbt_root_t* root) {
-    if (old_node == nullptr || new_node == nullptr || root == nullptr || old_node == new_node ||
-        !is_in_tree(old_node, root)) {
+    if (old_node == nullptr || new_node == nullptr || root == nullptr || !is_in_tree(old_node, root)) {
         return;
     }
     *new_node = *old_node;

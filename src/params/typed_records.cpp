@@ -2,15 +2,12 @@
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
 
 #include "orvil/runtime/heap.h"
 #include "params/record_set.h"
 
-using orvil::detail::FormerTexts;
 using orvil::detail::Record;
 using orvil::detail::RecordKey;
-using orvil::detail::RecordPlace;
 
 namespace {
 
@@ -24,31 +21,17 @@ static_assert(offsetof(__aVPRESTVITEM_t, type) == 0 && offsetof(__aVPRESTVITEM_t
 constexpr int kFailed = 1;
 constexpr int kNoPool = 2;
 constexpr int kBadArgument = -1;
-constexpr int kSmallestBlock = 4;
 constexpr int kSmallestPool = 8;
 
 bool is_bad(const vpr_set_t* set, const char* name) {
     return set == nullptr || name == nullptr || *name == '\0';
 }
 
-// Name and string may be those of the record that is replaced: its texts live until the new one has its own.
-int add_item(vpr_set_t* set, const char* name, const __aVPRESTVITEM_t& item) {
+int put_item(vpr_set_t* set, const char* name, const __aVPRESTVITEM_t& item) {
     if (is_bad(set, name)) {
         return kBadArgument;
     }
-    const RecordKey key(name);
-    RecordPlace place = orvil::detail::find_place(*set, key);
-    FormerTexts former;
-    if (place.record != nullptr) {
-        former.delete_record(*place.record);
-        place = orvil::detail::find_place(*set, key);
-    }
-    Record* record = orvil::detail::obtain_record(*set, item);
-    if (record == nullptr) {
-        return kFailed;
-    }
-    orvil::detail::insert_record(*set, *record, key, place);
-    return 0;
+    return orvil::detail::put_record(*set, RecordKey(name), item) ? 0 : kFailed;
 }
 
 }  // namespace
@@ -60,7 +43,7 @@ int vpr_init(vpr_set_t* set, int initialCount, int blockSize) {
     *set = {};
     adl_init(&set->records);
     adl_init(&set->free_list);
-    set->block_size = std::max(blockSize, kSmallestBlock);
+    set->block_size = std::max(blockSize, orvil::detail::kSmallestBlock);
     const int wanted = std::max({initialCount, kSmallestPool, set->block_size});
     while (set->pool_count < wanted) {
         if (!orvil::detail::grow_pool(*set)) {
@@ -103,7 +86,7 @@ int vpr_add(vpr_set_t* set, const char* name, char type, const void* value) {
         }
         std::memcpy(&item.value, value, type == 'i' ? sizeof(int) : sizeof(double));
     }
-    return add_item(set, name, item);
+    return put_item(set, name, item);
 }
 
 int vpr_add_int(vpr_set_t* set, const char* name, int value) {
@@ -147,6 +130,6 @@ int vpr_delete(vpr_set_t* set, const char* name) {
     if (record == nullptr) {
         return kFailed;
     }
-    FormerTexts former(*record);
+    orvil::detail::delete_record(*record);
     return 0;
 }

@@ -3,7 +3,8 @@
 #include "orvil/params/typed_records.h"
 #include "params/record_set.h"
 
-using orvil::detail::FormerTexts;
+using orvil::detail::add_record;
+using orvil::detail::item_of;
 using orvil::detail::Record;
 
 namespace {
@@ -25,6 +26,10 @@ bool is_valid_type(char type) {
     return type == 'i' || type == 'd' || type == 's';
 }
 
+orvil::detail::RecordKey key_of(const Record& record) {
+    return orvil::detail::RecordKey(orvil::detail::name_of(record));
+}
+
 // Copies the records that the mask names. The separators are overwritten.
 int copy_named(vpr_set_t& dst, const vpr_set_t& src, char* mask, char separator) {
     for (char* piece = mask; piece != nullptr;) {
@@ -33,7 +38,7 @@ int copy_named(vpr_set_t& dst, const vpr_set_t& src, char* mask, char separator)
             *end = '\0';
         }
         const Record* record = orvil::detail::find_record(&src, piece);
-        if (record != nullptr && orvil::detail::copy_record(dst, *record) != 0) {
+        if (record != nullptr && !add_record(dst, key_of(*record), item_of(*record))) {
             return kFailed;
         }
         piece = end == nullptr ? nullptr : end + 1;
@@ -41,17 +46,11 @@ int copy_named(vpr_set_t& dst, const vpr_set_t& src, char* mask, char separator)
     return 0;
 }
 
-// Puts a copy of a record in the place of the one of its name.
 int update_record(vpr_set_t& dst, const Record& source) {
     if (!is_valid_type(source.type)) {
         return kInvalidType;
     }
-    const orvil::detail::RecordKey key(orvil::detail::name_of(source));
-    Record* existing = orvil::detail::find_record(dst, key);
-    if (existing != nullptr) {
-        FormerTexts former(*existing);
-    }
-    return orvil::detail::copy_record(dst, source);
+    return orvil::detail::put_record(dst, key_of(source), item_of(source)) ? 0 : kFailed;
 }
 
 }  // namespace
@@ -63,7 +62,8 @@ int vpr_copy(vpr_set_t* dst, const vpr_set_t* src) {
     }
     vpr_clear(dst);
     for (const adl_link_t* link = src->records.next; link != nullptr && link != &src->records; link = link->next) {
-        if (orvil::detail::copy_record(*dst, *orvil::detail::record_of(link)) != 0) {
+        const Record& record = *orvil::detail::record_of(link);
+        if (!add_record(*dst, key_of(record), item_of(record))) {
             return kFailed;
         }
     }

@@ -31,7 +31,7 @@ int to_int(const char* text) {
 }
 
 int to_int(double value) {
-    const bool fits = value > INT_MIN - 1.0 && value < INT_MAX + 1.0;
+    const bool fits = value > INT_MIN && value < INT_MAX + 1.0;
     return fits ? static_cast<int>(value) : INT_MIN;
 }
 

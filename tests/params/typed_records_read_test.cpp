@@ -325,7 +325,7 @@ struct Meddling {
 
     static int visit(const char* name, const __aVPRESTVITEM_t*, void* user) {
         auto& self = *static_cast<Meddling*>(user);
-        self.visited += name;
+        self.visited += *name == '\0' ? "?" : name;
         if (*name == 'c') {
             self.meddle(self.set);
         }
