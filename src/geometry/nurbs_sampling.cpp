@@ -231,7 +231,7 @@ public:
         }
         Pair values[kMostFunctions];
         basis_.evaluate(t, values);
-        return combine(values, points_, kFunctions(), positions);
+        return combine(values, points_, Functions(), positions);
     }
 
     // At the start or the end of a span.
@@ -247,7 +247,7 @@ public:
         }
         double values[kMostFunctions];
         basis_.evaluate(t, values);
-        return combine(values, points_, kFunctions(), position);
+        return combine(values, points_, Functions(), position);
     }
 
 private:
@@ -257,10 +257,10 @@ private:
         }
         double values[kMostFunctions];
         basis_.evaluate(t, values);
-        return combine(values, points_, kFunctions(), position);
+        return combine(values, points_, Functions(), position);
     }
 
-    using kFunctions = std::integral_constant<int, Degree + 1>;
+    using Functions = std::integral_constant<int, Degree + 1>;
 
     void enter() {
         basis_.enter(curve_.knots.data() + span_);
