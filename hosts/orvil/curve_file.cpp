@@ -7,7 +7,6 @@
 
 #include "input.h"
 #include "orvil/geometry/scalars.h"
-#include "orvil/tokens/block_tokens.h"
 #include "places.h"
 #include "report.h"
 
@@ -209,10 +208,7 @@ bool read_curves(const std::string& path, int divisions, CurveFile& file) {
     const Places places(input.root, input.text);
     for (int i = 0; i < input.root.GetBlockCount(); ++i) {
         const CLexTokenBlock& entry = *input.root.GetAt(i);
-        if (entry.IsAssignType() && entry.GetPureString() == "Title") {
-            CExtString title;
-            bt_get_block_assign(input.root, "Title", title, true);
-            file.title = title.GetString();
+        if (read_title(input.root, entry, file.title)) {
             continue;
         }
         const std::optional<Finding> trouble = CurveReader(entry, places, divisions, file.curves.emplace_back()).read();

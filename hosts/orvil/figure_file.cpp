@@ -154,10 +154,7 @@ bool read_figures(const std::string& path, FigureFile& file) {
     const Places places(input.root, input.text);
     for (int i = 0; i < input.root.GetBlockCount(); ++i) {
         const CLexTokenBlock& entry = *input.root.GetAt(i);
-        if (entry.IsAssignType() && entry.GetPureString() == "Title") {
-            CExtString title;
-            bt_get_block_assign(input.root, "Title", title, true);
-            file.title = title.GetString();
+        if (read_title(input.root, entry, file.title)) {
             continue;
         }
         if (file.figures.size() == kMostFigures) {

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "orvil/tokens/block_tokens.h"
 #include "svg.h"
 
 namespace orvil_host {
@@ -55,6 +56,16 @@ bool read_numbers(const CLexTokenBlock& entry, std::vector<double>& numbers) {
         }
         numbers.push_back(number);
     }
+    return true;
+}
+
+bool read_title(const CLexTokenBlock& root, const CLexTokenBlock& entry, std::string& title) {
+    if (!entry.IsAssignType() || entry.GetPureString() != "Title") {
+        return false;
+    }
+    CExtString text;
+    bt_get_block_assign(root, "Title", text, true);
+    title = text.GetString();
     return true;
 }
 

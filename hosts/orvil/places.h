@@ -1,7 +1,8 @@
-// Where the entries of a tree stand in its file, and the numbers that they hold.
+// What drawing files have in common: where their entries stand, the numbers that these hold, and the title.
 #pragma once
 
 #include <deque>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -29,5 +30,8 @@ private:
 // Reads the numbers of an entry: { 1.0 2.0 } as well as = 1.0 2.0; Returns false when something else is among them, or
 // a number that arithmetic has no room for.
 bool read_numbers(const CLexTokenBlock& entry, std::vector<double>& numbers);
+
+// Whether the entry of the root gives the file its title: Title = "...";
+bool read_title(const CLexTokenBlock& root, const CLexTokenBlock& entry, std::string& title);
 
 }  // namespace orvil_host
