@@ -1,4 +1,4 @@
-// Placement steps of the plane, lists of them, and what they make of figures.
+// Placement steps of the plane, and what they make of figures.
 #include "orvil/geometry/plane_transforms.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +6,6 @@
 #include <cmath>
 #include <limits>
 #include <type_traits>
-#include <vector>
 
 #include "geometry/figures.h"
 
@@ -19,7 +18,6 @@ constexpr double kHalfPi = 1.5707963267948966;
 constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
 
 static_assert(sizeof(C2DMatrixItem) == 88);
-static_assert(std::is_base_of_v<CExtList<C2DMatrixItem>, C2DMatrixList>);
 
 C2DMatrixItem make_step(const C2DPoint& base, const C2DPoint& move, const C2DPoint& scale, double angle) {
     C2DMatrixItem step;
@@ -77,151 +75,6 @@ TEST(PlaneStep, HasItsDestructorBeforeGetCopyInstance) {
     ASSERT_NE(copy, nullptr);
     EXPECT_TRUE(same_step(*copy, step));
     delete copy;
-}
-
-// --- lists -----------------------------------------------------------------------------------------------------------
-
-// Counts how many of it live.
-class CountedStep : public C2DMatrixItem {
-public:
-    explicit CountedStep(double number) {
-        angle = number;
-        ++living;
-    }
-    CountedStep(const CountedStep& other) : C2DMatrixItem(other) { ++living; }
-    ~CountedStep() override { --living; }
-    CountedStep* GetCopyInstance() const override { return new CountedStep(*this); }
-
-    static int living;
-};
-
-int CountedStep::living = 0;
-
-// Cannot be copied.
-class SingleStep : public C2DMatrixItem {
-public:
-    SingleStep* GetCopyInstance() const override { return nullptr; }
-};
-
-class ListProbe : public C2DMatrixList {
-public:
-    using C2DMatrixList::AppendItemPtr;
-};
-
-std::vector<double> angles_of(const C2DMatrixList& list) {
-    std::vector<double> angles;
-    for (__pos* pos = list.GetHeadPosition(); pos != nullptr;) {
-        angles.push_back(list.GetNext(pos)->angle);
-    }
-    return angles;
-}
-
-using Angles = std::vector<double>;
-
-TEST(PlaneStepList, IsEmptyAtFirst) {
-    C2DMatrixList list;
-    EXPECT_EQ(list.GetCount(), 0);
-    EXPECT_FALSE(list.PopItem());
-    EXPECT_TRUE(list.DeleteAllItems());
-}
-
-TEST(PlaneStepList, PushesCopiesAtTheTail) {
-    C2DMatrixList list;
-    C2DMatrixItem step;
-    for (double angle : {1.0, 2.0, 3.0}) {
-        step.angle = angle;
-        EXPECT_TRUE(list.PushItem(step));
-    }
-    step.angle = 9.0;
-    EXPECT_EQ(angles_of(list), (Angles{1.0, 2.0, 3.0}));
-}
-
-TEST(PlaneStepList, PopsWhatWasPushedLast) {
-    C2DMatrixList list;
-    list.PushItem(CountedStep(1.0));
-    list.PushItem(CountedStep(2.0));
-    EXPECT_EQ(CountedStep::living, 2);
-    EXPECT_TRUE(list.PopItem());
-    EXPECT_EQ(CountedStep::living, 1);
-    EXPECT_EQ(angles_of(list), (Angles{1.0}));
-    EXPECT_TRUE(list.PopItem());
-    EXPECT_FALSE(list.PopItem());
-    EXPECT_EQ(CountedStep::living, 0);
-}
-
-TEST(PlaneStepList, KeepsTheClassOfItsSteps) {
-    C2DMatrixList list;
-    list.PushItem(CountedStep(1.0));
-    C2DMatrixList copy(list);
-    EXPECT_NE(dynamic_cast<CountedStep*>(copy.GetAt(copy.GetHeadPosition())), nullptr);
-    EXPECT_EQ(CountedStep::living, 2);
-}
-
-TEST(PlaneStepList, RefusesAStepThatMakesNoCopy) {
-    C2DMatrixList list;
-    EXPECT_FALSE(list.PushItem(SingleStep()));
-    EXPECT_EQ(list.GetCount(), 0);
-}
-
-TEST(PlaneStepList, TakesAStepItself) {
-    ListProbe list;
-    EXPECT_FALSE(list.AppendItemPtr(nullptr));
-    EXPECT_EQ(list.GetCount(), 0);
-    auto* step = new CountedStep(4.0);
-    EXPECT_TRUE(list.AppendItemPtr(step));
-    EXPECT_EQ(list.GetAt(list.GetTailPosition()), step);
-    EXPECT_TRUE(list.DeleteAllItems());
-    EXPECT_EQ(CountedStep::living, 0);
-}
-
-TEST(PlaneStepList, DeletesAllItems) {
-    C2DMatrixList list;
-    for (int i = 0; i < 5; ++i) {
-        list.PushItem(CountedStep(i));
-    }
-    EXPECT_TRUE(list.DeleteAllItems());
-    EXPECT_EQ(list.GetCount(), 0);
-    EXPECT_TRUE(list.IsEmpty());
-    EXPECT_EQ(CountedStep::living, 0);
-}
-
-TEST(PlaneStepList, DeletesItsStepsAtItsEnd) {
-    {
-        C2DMatrixList list;
-        list.PushItem(CountedStep(1.0));
-        EXPECT_EQ(CountedStep::living, 1);
-    }
-    EXPECT_EQ(CountedStep::living, 0);
-}
-
-TEST(PlaneStepList, CopyReplacesWhatItHeld) {
-    C2DMatrixList list;
-    list.PushItem(CountedStep(1.0));
-    list.PushItem(CountedStep(2.0));
-    C2DMatrixList other;
-    other.PushItem(CountedStep(9.0));
-    EXPECT_TRUE(other.CopyData(list));
-    EXPECT_EQ(angles_of(other), (Angles{1.0, 2.0}));
-    EXPECT_EQ(CountedStep::living, 4);
-    list.PopItem();
-    EXPECT_EQ(&(other = list), &other);
-    EXPECT_EQ(angles_of(other), (Angles{1.0}));
-}
-
-TEST(PlaneStepList, CopiedOntoItselfStays) {
-    C2DMatrixList list;
-    list.PushItem(CountedStep(1.0));
-    const C2DMatrixItem* step = list.GetAt(list.GetHeadPosition());
-    EXPECT_TRUE(list.CopyData(list));
-    EXPECT_EQ(list.GetAt(list.GetHeadPosition()), step);
-}
-
-TEST(PlaneStepList, CopyLeavesOutStepsThatMakeNoCopy) {
-    ListProbe list;
-    list.AppendItemPtr(new CountedStep(1.0));
-    list.AppendItemPtr(new SingleStep());
-    list.AppendItemPtr(new CountedStep(2.0));
-    EXPECT_EQ(angles_of(C2DMatrixList(list)), (Angles{1.0, 2.0}));
 }
 
 // --- points and lines ------------------------------------------------------------------------------------------------

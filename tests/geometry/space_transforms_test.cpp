@@ -1,9 +1,8 @@
-// Placement steps of space, lists of them, and what they make of figures.
+// Placement steps of space, and what they make of figures.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <type_traits>
-#include <vector>
 
 #include "geometry/figures.h"
 #include "orvil/geometry/space_primitives.h"
@@ -16,7 +15,6 @@ using orvil::test::near;
 constexpr double kHalfPi = 1.5707963267948966;
 
 static_assert(sizeof(C3DMatrixItem) == 112);
-static_assert(std::is_base_of_v<CExtList<C3DMatrixItem>, C3DMatrixList>);
 
 C3DMatrixItem make_step(const C3DPoint& base, const C3DPoint& move, const C3DPoint& scale, double angle) {
     C3DMatrixItem step;
@@ -94,98 +92,6 @@ TEST(SpaceStep, AndItsPlaneStepPlaceAlike) {
     plane_point.MatrixCalculation(plane);
     EXPECT_EQ(point.x, plane_point.x);
     EXPECT_EQ(point.y, plane_point.y);
-}
-
-// --- lists -----------------------------------------------------------------------------------------------------------
-
-// Counts how many of it live.
-class CountedStep : public C3DMatrixItem {
-public:
-    explicit CountedStep(double number) {
-        angle = number;
-        ++living;
-    }
-    CountedStep(const CountedStep& other) : C3DMatrixItem(other) { ++living; }
-    ~CountedStep() override { --living; }
-    CountedStep* GetCopyInstance() const override { return new CountedStep(*this); }
-
-    static int living;
-};
-
-int CountedStep::living = 0;
-
-// Cannot be copied.
-class SingleStep : public C3DMatrixItem {
-public:
-    SingleStep* GetCopyInstance() const override { return nullptr; }
-};
-
-class ListProbe : public C3DMatrixList {
-public:
-    using C3DMatrixList::AppendItemPtr;
-};
-
-using Angles = std::vector<double>;
-
-Angles angles_of(const C3DMatrixList& list) {
-    Angles angles;
-    for (__pos* pos = list.GetHeadPosition(); pos != nullptr;) {
-        angles.push_back(list.GetNext(pos)->angle);
-    }
-    return angles;
-}
-
-TEST(SpaceStepList, PushesCopiesAndPopsTheLast) {
-    C3DMatrixList list;
-    EXPECT_FALSE(list.PopItem());
-    EXPECT_TRUE(list.PushItem(CountedStep(1.0)));
-    EXPECT_TRUE(list.PushItem(CountedStep(2.0)));
-    EXPECT_EQ(angles_of(list), (Angles{1.0, 2.0}));
-    EXPECT_TRUE(list.PopItem());
-    EXPECT_EQ(angles_of(list), (Angles{1.0}));
-    EXPECT_EQ(CountedStep::living, 1);
-    EXPECT_TRUE(list.PopItem());
-    EXPECT_FALSE(list.PopItem());
-    EXPECT_EQ(CountedStep::living, 0);
-}
-
-TEST(SpaceStepList, RefusesAStepThatMakesNoCopy) {
-    C3DMatrixList list;
-    EXPECT_FALSE(list.PushItem(SingleStep()));
-    EXPECT_EQ(list.GetCount(), 0);
-}
-
-TEST(SpaceStepList, TakesAStepItself) {
-    ListProbe list;
-    EXPECT_FALSE(list.AppendItemPtr(nullptr));
-    auto* step = new CountedStep(4.0);
-    EXPECT_TRUE(list.AppendItemPtr(step));
-    EXPECT_EQ(list.GetAt(list.GetTailPosition()), step);
-    EXPECT_TRUE(list.DeleteAllItems());
-    EXPECT_EQ(list.GetCount(), 0);
-    EXPECT_EQ(CountedStep::living, 0);
-}
-
-TEST(SpaceStepList, CopyReplacesWhatItHeldAndKeepsClasses) {
-    C3DMatrixList list;
-    list.PushItem(CountedStep(1.0));
-    list.PushItem(CountedStep(2.0));
-    C3DMatrixList other;
-    other.PushItem(CountedStep(9.0));
-    EXPECT_TRUE(other.CopyData(list));
-    EXPECT_EQ(angles_of(other), (Angles{1.0, 2.0}));
-    EXPECT_EQ(CountedStep::living, 4);
-    list.PopItem();
-    EXPECT_EQ(&(other = list), &other);
-    EXPECT_EQ(angles_of(other), (Angles{1.0}));
-    EXPECT_EQ(angles_of(C3DMatrixList(list)), (Angles{1.0}));
-}
-
-TEST(SpaceStepList, CopiedOntoItselfStays) {
-    C3DMatrixList list;
-    list.PushItem(CountedStep(1.0));
-    EXPECT_TRUE(list.CopyData(list));
-    EXPECT_EQ(angles_of(list), (Angles{1.0}));
 }
 
 // --- figures ---------------------------------------------------------------------------------------------------------
