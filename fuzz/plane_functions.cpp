@@ -22,14 +22,20 @@ void check_lines(Numbers& in) {
     FUZZ_CHECK(met >= 0 && met <= 2);
     FUZZ_CHECK(met != 0 || (CA_ONLIN(a, b, found) == 0 && CA_ONLIN(c, d, found) == 0));
     FUZZ_CHECK(met != 2 || (found.x == 0.0 && found.y == 0.0));
+    const bool finite = is_finite(a) && is_finite(b) && is_finite(c) && is_finite(d);
+    FUZZ_CHECK(finite || met == 2 || (met == 1 && !is_finite(found)));
     int side = 5;
     const bool is_line = CA_POSLN(C2DLine(a, b), c, side) == 0;
     FUZZ_CHECK(is_line ? side >= -1 && side <= 1 : side == 5);
     double distance = -1.0;
     const int foot = CA_PERLN(a, b, c, found, distance);
     FUZZ_CHECK(foot == -1 ? distance == 0.0 : (foot == 0 || foot == 1) && !(distance < 0.0));
-    const C2DPoint before = found;
-    FUZZ_CHECK(CA_MIRROR(c, a, b, found) || (found.x == before.x && found.y == before.y) || !is_finite(before));
+    found.SetData(3.0, 4.0);
+    if (CA_MIRROR(c, a, b, found)) {
+        FUZZ_CHECK((is_finite(a) && is_finite(b) && is_finite(c)) || !is_finite(found));
+    } else {
+        FUZZ_CHECK(found.x == 3.0 && found.y == 4.0);
+    }
 }
 
 void check_circles(Numbers& in) {
@@ -68,6 +74,7 @@ void check_ellipses(Numbers& in) {
     int count = -1;
     const bool solved = CAL_INSLE(l1, l2, centre, axis, ratio, p1, p2, count);
     FUZZ_CHECK(count >= 0 && count <= 2 && (solved || count == 0));
+    FUZZ_CHECK((is_finite(l1) && is_finite(l2) && is_finite(centre) && is_finite(axis)) || count == 0);
     FUZZ_CHECK(count > 0 || (p1.x == 0.0 && p1.y == 0.0));
     FUZZ_CHECK(count > 1 || (p2.x == 0.0 && p2.y == 0.0));
     const double from[2] = {l1.x, l1.y}, to[2] = {l2.x, l2.y}, middle[2] = {centre.x, centre.y}, angles[2] = {s, e};

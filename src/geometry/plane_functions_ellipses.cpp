@@ -18,7 +18,7 @@ struct FrameLine {
     PlaneVector start;
     PlaneVector span;
 
-    bool is_vertical() const { return !(std::fabs(span.x) >= kTolerance); }
+    bool is_vertical() const { return std::fabs(span.x) < kTolerance; }
     bool is_horizontal() const { return std::fabs(span.y / span.x) < kTolerance; }
 };
 

@@ -16,9 +16,10 @@
 /// large figure than in a small one.
 ///
 /// Nothing here allocates, throws or keeps state; any number of threads may call it at a time. All of it takes constant
-/// time. Every call returns, whatever it is given. Coordinates and radii up to 1e50 are calculated with as they are;
-/// for larger ones products overflow, and for these, for infinities and for NaN each function says what comes back
-/// ("not finite" stands for all three).
+/// time. Every call returns one of its results, whatever it is given. Coordinates and radii up to 1e50 are calculated
+/// with as they are. For larger ones products may overflow, and what comes back may mean nothing or not be finite,
+/// unless a function says more. What comes back for infinities and NaN, which are "not finite", is said at each
+/// function.
 ///
 /// Accuracy is the worst error among a million random figures of each kind, ordinary, huge, tiny and nearly degenerate,
 /// beside arithmetic of more digits. It is given relative to what rounding of the input alone would make of it: a sine
@@ -41,8 +42,8 @@
 
 /// Where the lines through @p a1, @p a2 and through @p b1, @p b2 meet, by Cramer's rule on A x + B y = C.
 ///
-/// They are parallel when the determinant, A1 B2 - A2 B1, divided by the length of either segment is below 1e-8: when
-/// only one of the two quotients is, they are not.
+/// They are parallel when the determinant, A1 B2 - A2 B1, is below 1e-8 when divided by the length of the first segment
+/// and also when divided by that of the second: when only one of the quotients is, they are not.
 /// @param p where they meet; (0, 0) when they are parallel
 /// @return 0: they meet, and CA_ONLIN() finds @p p on both segments; 1: they meet beyond an end of at least one; 2:
 /// they are parallel, or one segment has no length. Figures that are not finite give 1, with a @p p that is not finite,
@@ -265,7 +266,7 @@ ORVIL_API bool CA_ELAMN2(const C2DPoint& centre, double longDiameter, double sho
 /// @param centre of the ellipse @param a its semi-axis along the rotation @param b its other semi-axis @param rotation
 /// direction of the first semi-axis @param start parameter angle of the arc's start @param end that of its end; angles
 /// that agree within 1e-8 are a whole turn @param direction of the tangents @param p1 the point furthest to the left of
-/// the direction @param p2 the one furthest to the right; not finite when something else is not
+/// the direction @param p2 the one furthest to the right; what is not finite may make both so
 /// @return true
 /// @remark Accuracy: 1e-15 of the reach over the ratio.
 ORVIL_API bool CAL_ANGPT(const C2DPoint& centre, double a, double b, double rotation, double start, double end,
