@@ -90,8 +90,8 @@ public:
     /// Scales the point about @p base, which stays in place: base + (sx d.x, sy d.y), d = point - base. Error at most
     /// 4e-16. @return true
     bool Stretch(const C2DPoint& base, double sx, double sy);
-    /// Reflects the point in the line through @p a and @p b, by the same computation as CA_MIRROR(). Error at
-    /// most 1.5e-15.
+    /// Reflects the point in the line through @p a and @p b, by the same computation as CA_MIRROR(). Error at most
+    /// 1.5e-15.
     /// @return false, the point unchanged, when the squared distance of @p a and @p b is below 1e-8
     bool Mirror(const C2DPoint& a, const C2DPoint& b);
     /// Applies a placement step: subtracts its base point, scales and rotates about the origin, adds its move point.
@@ -171,8 +171,8 @@ public:
     /// Applies a placement step to both points, as C2DPoint::MatrixCalculation(). @return true
     bool MatrixCalculation(const C2DMatrixItem& step);
 
-    /// @return "SP:x,y EP:x,y", each number with 15 digits behind the point; empty, or without a
-    /// point, when there is no memory
+    /// @return "SP:x,y EP:x,y", each number with 15 digits behind the point; empty, or without a point, when
+    /// there is no memory
     CExtString GetDumpText() const;
 };
 
@@ -228,8 +228,8 @@ public:
     /// point to the base point only. Error at most 8e-16. @return true
     bool MatrixCalculation(const C2DMatrixItem& step);
 
-    /// @return "BP:x,y VP:x,y", each number with 15 digits behind the point; empty, or without a
-    /// point, when there is no memory
+    /// @return "BP:x,y VP:x,y", each number with 15 digits behind the point; empty, or without a point, when
+    /// there is no memory
     CExtString GetDumpText() const;
 };
 

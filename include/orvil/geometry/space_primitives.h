@@ -147,8 +147,8 @@ public:
     /// Applies a placement step to both points. @return true
     bool MatrixCalculation(const C3DMatrixItem& step);
 
-    /// @return "SP:x,y,z EP:x,y,z", each number with 6 digits behind the point; empty, or without a
-    /// point, when there is no memory
+    /// @return "SP:x,y,z EP:x,y,z", each number with 6 digits behind the point; empty, or without a point, when
+    /// there is no memory
     CExtString GetDumpText() const;
 };
 
@@ -199,8 +199,8 @@ public:
     /// point only. Error at most 8e-16. @return true
     bool MatrixCalculation(const C3DMatrixItem& step);
 
-    /// @return "BP:x,y,z VP:x,y,z", each number with 6 digits behind the point; empty, or without a
-    /// point, when there is no memory
+    /// @return "BP:x,y,z VP:x,y,z", each number with 6 digits behind the point; empty, or without a point, when
+    /// there is no memory
     CExtString GetDumpText() const;
 };
 
