@@ -27,6 +27,8 @@ const Command& messages_command();
 const Command& figure_command();
 const Command& params_command();
 const Command& curve_command();
+const Command& find_command();
+const Command& backup_command();
 
 // Says what is wrong with the command line, and how it should be.
 ExitCode misused(const Command& command, const std::string& message);

@@ -13,11 +13,11 @@ namespace {
 using CommandEntry = const Command& (*)();
 
 constexpr CommandEntry kCommands[] = {
-    check_command,    tree_command,   get_command,    format_command, new_command,
-    messages_command, figure_command, params_command, curve_command,
+    check_command,  tree_command,   get_command,   format_command, new_command,    messages_command,
+    figure_command, params_command, curve_command, find_command,   backup_command,
 };
 
-const Command* find_command(const std::string& name) {
+const Command* command_called(const std::string& name) {
     for (CommandEntry entry : kCommands) {
         if (name == entry().name) {
             return &entry();
@@ -27,7 +27,8 @@ const Command* find_command(const std::string& name) {
 }
 
 std::string help() {
-    std::string text = "usage: orvil COMMAND ...\n\nLooks into token-block files and writes them.\n\n";
+    std::string text =
+        "usage: orvil COMMAND ...\n\nLooks into token-block files and writes them; finds files and backs them up.\n\n";
     for (CommandEntry entry : kCommands) {
         const Command& command = entry();
         text += "  " + std::string(command.name) + std::string(10 - std::string(command.name).size(), ' ') +
@@ -69,7 +70,7 @@ ExitCode run(const std::vector<std::string>& given) {
     if (given.front() == "--version") {
         return print("orvil " ORVIL_HOST_VERSION "\n");
     }
-    const Command* command = find_command(given.front());
+    const Command* command = command_called(given.front());
     if (command == nullptr) {
         return fail("there is no command " + given.front() + "; orvil --help lists them", kMisused);
     }

@@ -9,7 +9,7 @@ TEST(OrvilCommandLine, HelpListsTheCommands) {
     const char* help =
         "usage: orvil COMMAND ...\n"
         "\n"
-        "Looks into token-block files and writes them.\n"
+        "Looks into token-block files and writes them; finds files and backs them up.\n"
         "\n"
         "  check     say whether files read whole, and where they do not\n"
         "  tree      print the tree that a file reads into\n"
@@ -20,6 +20,8 @@ TEST(OrvilCommandLine, HelpListsTheCommands) {
         "  figure    draw figures, and where they meet, as SVG\n"
         "  params    print the parameters of blocks as tables\n"
         "  curve     draw NURBS curves as SVG, and write their segments\n"
+        "  find      print the paths of matching files and folders\n"
+        "  backup    copy a file under the next free number\n"
         "\n"
         "orvil COMMAND --help    more about a command\n"
         "orvil --version         the program's version\n"
@@ -33,7 +35,7 @@ TEST(OrvilCommandLine, HelpIsACommandToo) {
 
 TEST(OrvilCommandLine, EachCommandHasItsHelp) {
     for (const std::string command :
-         {"check", "tree", "get", "format", "new", "messages", "figure", "params", "curve"}) {
+         {"check", "tree", "get", "format", "new", "messages", "figure", "params", "curve", "find", "backup"}) {
         const ProgramResult result = orvil_program({command, "--help"});
         EXPECT_EQ(result.exit_code, 0);
         EXPECT_EQ(result.err, "");

@@ -5,9 +5,35 @@
 
 #include "support/run_program.h"
 #include "support/temp_dir.h"
+#include "support/working_folder.h"
 
 namespace orvil::test {
 namespace {
+
+TEST(Examples, BackUpFilesKeepsNumberedCopies) {
+    const TempDir folder;
+    folder.write("plan.cfg", "12345");
+    folder.write("50%d.cfg", "");
+    folder.write("note.txt", "");
+    const InFolder inside(folder.path(""));
+    for (const char* number : {"1", "2"}) {
+        const ProgramResult result = run_program("back_up_files", {"*.CFG"});
+        EXPECT_EQ(result.exit_code, 0);
+        EXPECT_EQ(result.out,
+                  std::string("50%d.cfg: 0 bytes, backup ") + number + "\nplan.cfg: 5 bytes, backup " + number + "\n");
+        EXPECT_EQ(result.err, "");
+        EXPECT_EQ(read_file(std::string("plan.cfg.") + number + ".bak"), "12345");
+        EXPECT_EQ(read_file(std::string("50%d.cfg.") + number + ".bak"), "");
+    }
+}
+
+TEST(Examples, BackUpFilesNeedsAWildcard) {
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{}, {"a|b"}, {"a", "b"}}) {
+        const ProgramResult result = run_program("back_up_files", arguments);
+        EXPECT_EQ(result.exit_code, 1);
+        EXPECT_EQ(result.err, "usage: back_up_files WILDCARD\n");
+    }
+}
 
 TEST(Examples, CollectRecordsPrintsRecordsTablesAndItems) {
     const ProgramResult result = run_program("collect_records", {});
