@@ -16,7 +16,6 @@
 #include "tokens/block_access.h"
 
 using orvil::detail::BlockAccess;
-using orvil::detail::HashAccess;
 using orvil::detail::kMessageFileBanner;
 using orvil::detail::kMessageMapName;
 using orvil::detail::ManagerAccess;
