@@ -117,7 +117,7 @@ struct ManagerAccess {
         }
         HashAccess::keep_chains_short(manager.maps_);
         HashAccess::keep_chains_short(manager.titles_);
-        owner.release();
+        static_cast<void>(owner.release());
         return true;
     }
 

@@ -115,11 +115,11 @@ bool CMessageMap::AddItem(int code, const char* text) {
         return false;
     }
     const int position = items_.GetSize() - 1;
-    CMsgMapItem* item = new (std::nothrow) CMsgMapItem{code, CExtString(text)};
-    if (item == nullptr) {
+    std::unique_ptr<CMsgMapItem> item(new (std::nothrow) CMsgMapItem{code, CExtString(text)});
+    if (item == nullptr || !items_.SetAdopted(position, item.get())) {
         return false;
     }
-    items_.SetAdopted(position, item);
+    static_cast<void>(item.release());
     if (!index_.SetAt(code, position)) {
         items_.ClearAt(position);
         return false;
