@@ -359,6 +359,12 @@ TEST(RecordTraverse, DeletedRecordsAreNotVisited) {
     EXPECT_EQ("edca", Meddling().walk(-1, remove));
 }
 
+TEST(RecordTraverse, RecordThatIsReplacedBeforeItIsVisitedIsVisitedAtItsNewPlaceOnly) {
+    const auto replace = [](vpr_set_t* set) { vpr_add_str(set, "d", "new"); };
+    EXPECT_EQ("abced", Meddling().walk(0, replace));
+    EXPECT_EQ("abce", Meddling().walk(1, replace));
+}
+
 TEST(RecordTraverse, ClearingEndsTheWalk) {
     for (int order : {0, 1}) {
         EXPECT_EQ("abc", Meddling().walk(order, [](vpr_set_t* set) { vpr_clear(set); }));
@@ -377,6 +383,18 @@ TEST(RecordTraverse, WalksWithinAWalkAreTheirOwn) {
     for (int order : {0, 1}) {
         EXPECT_EQ("abc", Meddling().walk(order, remove_all));
     }
+}
+
+TEST(RecordTraverse, WalkWithinAWalkLeavesTheOuterOneKnown) {
+    const auto walk_then_remove = [](vpr_set_t* set) {
+        show(set);
+        vpr_delete(set, "d");
+    };
+    EXPECT_EQ("abce", Meddling().walk(0, walk_then_remove));
+    EXPECT_EQ("edc", Meddling().walk(-1, [](vpr_set_t* set) {
+        show(set);
+        vpr_clear(set);
+    }));
 }
 
 TEST(RecordTraverse, ClearingAnotherSetDoesNotEndTheWalk) {
