@@ -99,6 +99,28 @@ TEST(Examples, PlaceFigurePrintsThePlacedDoor) {
     EXPECT_EQ(result.err, "");
 }
 
+TEST(Examples, RoundCornerFitsAnArcBetweenWalls) {
+    const ProgramResult result = run_program("round_corner", {"1", "0", "1", "3.5", "1", "4", "4", "4", "1.5"});
+    EXPECT_EQ(result.exit_code, 0);
+    EXPECT_EQ(result.out,
+              "corner (4.000, 1.000)\n"
+              "walls end at (3.000, 1.000) and (4.000, 2.000)\n"
+              "arc about (3.000, 2.000) from 270.0 to 360.0 degrees\n");
+    EXPECT_EQ(run_program("round_corner", {"1", "4", "4", "4", "1", "0", "1", "4", "1"}).out,
+              "corner (4.000, 1.000)\n"
+              "walls end at (4.000, 2.000) and (3.000, 1.000)\n"
+              "arc about (3.000, 2.000) from 270.0 to 360.0 degrees\n");
+}
+
+TEST(Examples, RoundCornerSaysWhatIsWrongWithTheWalls) {
+    const ProgramResult parallel = run_program("round_corner", {"1", "0", "0", "4", "0", "0", "3", "4", "3"});
+    EXPECT_EQ(parallel.exit_code, 1);
+    EXPECT_EQ(parallel.err, "round_corner: the walls are parallel\n");
+    const ProgramResult tight = run_program("round_corner", {"5", "0", "0", "4", "0", "4", "3", "4", "0"});
+    EXPECT_EQ(tight.err, "round_corner: a wall is too short for this radius\n");
+    EXPECT_EQ(run_program("round_corner", {"1"}).exit_code, 2);
+}
+
 TEST(Examples, ReadSettingsPrintsTheLayers) {
     const ProgramResult result = run_program("read_settings", {"examples/data/layers.cfg"});
     EXPECT_EQ(result.exit_code, 0);
