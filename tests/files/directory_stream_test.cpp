@@ -4,6 +4,7 @@
 
 #ifndef _WIN32
 #include <dlfcn.h>
+#include <sys/resource.h>
 #include <unistd.h>
 #endif
 
@@ -249,6 +250,41 @@ TEST_F(DirectoryStream, NoFileStaysOpen) {
     const orvil::test::LostMemory lost;
     rewinddir(rewound);
     EXPECT_EQ(count_open_files(), before);
+}
+
+// Lets so many more files be opened than are open now.
+class FewFiles {
+public:
+    explicit FewFiles(int more) {
+        getrlimit(RLIMIT_NOFILE, &former_);
+        rlimit limit = former_;
+        limit.rlim_cur = static_cast<rlim_t>(first_unused() + more);
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    ~FewFiles() { setrlimit(RLIMIT_NOFILE, &former_); }
+    FewFiles(const FewFiles&) = delete;
+    FewFiles& operator=(const FewFiles&) = delete;
+
+private:
+    static int first_unused() {
+        const int file = dup(0);
+        close(file);
+        return file;
+    }
+
+    rlimit former_{};
+};
+
+TEST_F(DirectoryStream, WithoutFilesToOpenYieldsNothingAndStaysWhereItIs) {
+    DIR* stream = opendir(folder.path("").c_str());
+    const std::string before = working_folder();
+    for (int more : {0, 1}) {
+        const FewFiles few(more);
+        EXPECT_EQ(readdir(stream), nullptr);
+        EXPECT_EQ(working_folder(), before);
+    }
+    EXPECT_EQ(sorted(rest_of(stream)), all);
+    closedir(stream);
 }
 
 TEST_F(DirectoryStream, WorkingDirectoryWithoutANameIsComeBackTo) {

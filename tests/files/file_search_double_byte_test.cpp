@@ -113,6 +113,6 @@ TEST_F(DoubleByteFiles, AreBackedUpUnderANumber) {
     EXPECT_TRUE(orv_backupfile(kSo, "\x83\x5C.%d", &number, 0));
     EXPECT_EQ(number, 2);
     EXPECT_EQ(orv_statsize("\x83\x5C.2"), 5u);
-    EXPECT_TRUE(orv_movefile(kZe, "\x83\x5C\x83\x5C"));
-    EXPECT_EQ(orv_statsize("\x83\x5C\x83\x5C"), 5u);
+    EXPECT_TRUE(orv_movefile(kZe, "\x83\x5C\x83\x5B"));
+    EXPECT_EQ(orv_statsize("\x83\x5C\x83\x5B"), 5u);
 }
