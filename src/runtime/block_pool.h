@@ -26,9 +26,14 @@ public:
         void (*release)(void* chunk);
     };
 
-    // Blocks begin at multiples of `alignment`, which is 8 or 16.
-    explicit constexpr BlockPool(Source source, std::size_t alignment = 2 * kGranularity)
-        : source_(source), low_bits_(alignment - 1) {}
+    // Where a pool notes its pages. Addresses of 47 bits: a table of leaves, each a bit map of the pages of 4 GiB. It
+    // stands apart from the pool, for it is large and begins as zeros, which take no room in the library's file.
+    static constexpr std::size_t kLeaves = 0x8000;
+    using PageMap = std::uint64_t* [kLeaves];
+
+    // Blocks begin at multiples of `alignment`, which is 8 or 16. The map is this pool's alone.
+    constexpr BlockPool(Source source, PageMap& map, std::size_t alignment = 2 * kGranularity)
+        : source_(source), low_bits_(alignment - 1), leaves_(map) {}
     BlockPool(const BlockPool&) = delete;
     BlockPool& operator=(const BlockPool&) = delete;
 
@@ -72,10 +77,7 @@ private:
     static constexpr std::size_t kPagesPerChunk = 128;
     static constexpr std::size_t kGranularity = 8;
     static constexpr std::size_t kClasses = kLargestBlock / kGranularity;
-
-    // Addresses of 47 bits: a table of leaves, each a bit map of the pages of 4 GiB.
     static constexpr std::size_t kPagesPerLeaf = 0x10000;
-    static constexpr std::size_t kLeaves = 0x8000;
 
     struct Chunk;
     struct Page {
@@ -163,12 +165,12 @@ private:
     bool mark(const Chunk* chunk, bool ours);
 
     Source source_;
-    std::size_t low_bits_;            // of the alignment
+    std::size_t low_bits_;  // of the alignment
+    PageMap& leaves_;
     Page* available_[kClasses] = {};  // pages with room, for each size
     Page* empty_ = nullptr;           // pages that serve any size
     Chunk* chunks_ = nullptr;
     std::size_t idle_chunks_ = 0;
-    std::uint64_t* leaves_[kLeaves] = {};
 };
 
 }  // namespace orvil::detail

@@ -58,12 +58,15 @@ void* allocate_large(std::size_t size) {
     return record + 1;
 }
 
+constinit BlockPool::PageMap small_block_pages = {};
+constinit BlockPool::PageMap node_pages = {};
+
 }  // namespace
 
-constinit BlockPool small_blocks({obtain_from_heap, release_to_heap});
+constinit BlockPool small_blocks({obtain_from_heap, release_to_heap}, small_block_pages);
 
 // Nodes outlive a private heap that a host has destroyed: their chunks are always the C runtime's.
-constinit BlockPool nodes({obtain_from_runtime, std::free}, alignof(void*));
+constinit BlockPool nodes({obtain_from_runtime, std::free}, node_pages, alignof(void*));
 
 namespace {
 

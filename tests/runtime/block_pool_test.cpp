@@ -36,7 +36,8 @@ protected:
     }
     ~BlockPoolTest() override { pool.trim(); }
 
-    BlockPool pool{{obtain, release}};
+    BlockPool::PageMap pages = {};
+    BlockPool pool{{obtain, release}, pages};
 };
 
 bool all_zero(const void* block, std::size_t size) {
