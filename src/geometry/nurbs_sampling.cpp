@@ -234,7 +234,7 @@ public:
         return combine(values, points_, Functions(), positions);
     }
 
-    // At the start or the end of a span.
+    // At a knot, which begins a span or ends the curve.
     bool at_knot(double t, Position& position) {
         if (t == curve_.last_parameter && curve_.is_end_clamped) {
             return at_point(curve_.points[static_cast<std::size_t>(curve_.count) - 1], position);
@@ -242,7 +242,7 @@ public:
         if (!reach(t)) {
             return false;
         }
-        if (has_corner_ && t == curve_.knot(span_)) {
+        if (has_corner_) {
             return at_point(*points_, position);
         }
         double values[kMostFunctions];
@@ -270,7 +270,7 @@ private:
             curve_.knot(span_ - Degree + 1) == curve_.knot(span_) && !is_same_knot(curve_.knot(span_), behind_);
     }
 
-    // Enters the span that t lies in. Returns false behind the last span, where every function is 0.
+    // Enters the span that begins at the knot t. Returns false behind the last span, where every function is 0.
     bool reach(double t) {
         if (t < behind_) {
             return true;
