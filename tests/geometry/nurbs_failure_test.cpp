@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 
 #include "nurbs_probe.h"
 #include "support/failing_allocator.h"
@@ -62,6 +63,26 @@ TEST(NurbsOutOfMemory, PointsAreNotCopied) {
     });
 }
 
+TEST(StoredByLibrary, WithoutMemoryEitherFormOfNewYieldsNull) {
+    sweep_allocation_failures([](auto failed) {
+        const std::unique_ptr<C3DLine> line(new C3DLine);
+        EXPECT_EQ(line == nullptr, failed());
+    });
+    sweep_allocation_failures([](auto failed) {
+        void* block = C3DLine::operator new(sizeof(C3DLine), std::nothrow);
+        EXPECT_EQ(block == nullptr, failed());
+        C3DLine::operator delete(block, std::nothrow);
+    });
+}
+
+TEST(StoredByLibrary, AnObjectCanBeMadeInPlace) {
+    alignas(C3DLine) unsigned char memory[sizeof(C3DLine)];
+    auto* line = new (memory) C3DLine(1, 2, 3, 4, 5, 6);
+    EXPECT_EQ(static_cast<void*>(line), static_cast<void*>(memory));
+    EXPECT_EQ(line->end.z, 6);
+    line->~C3DLine();
+}
+
 TEST(NurbsOutOfMemory, AppendingFails) {
     sweep_allocation_failures([](auto failed) {
         NurbsProbe curve;
@@ -90,6 +111,8 @@ TEST(NurbsOutOfMemory, CreateCtrlLeavesNoCurve) {
         if (failed()) {
             return;
         }
+        curve.ClearCtrl();
+        curve.ClearKnot();
         const bool done = curve.CreateCtrl();
         EXPECT_EQ(done, !failed());
         EXPECT_EQ(curve.ctrl_count(), failed() ? 0 : 22);
@@ -104,6 +127,7 @@ void expect_no_lines_on_failure(const NurbsProbe& source, int lines) {
         if (failed()) {
             return;
         }
+        curve.ClearLine();
         const bool done = curve.CreateLines(2);
         EXPECT_EQ(done, !failed());
         EXPECT_EQ(curve.GetLineSize(), failed() ? 0 : lines);

@@ -368,6 +368,21 @@ TEST(NurbsCreateLines, TheStartMayLieInsideOfASpanOfDecreasingKnots) {
     EXPECT_EQ(curve.chain(), (std::vector<Place>{{1, 0, 0}, {3, 0, 0}}));
 }
 
+// Rounding leads the fourth of five samples of the last span to the last knot.
+TEST(NurbsCreateLines, SamplesOfDecreasingKnotsThatRoundToTheEndAreTheEnd) {
+    NurbsProbe curve(1);
+    const double from = std::ldexp(1.0, 53);
+    curve.add_knots({from, from, from + 4, from + 2, from + 6, from + 6});
+    for (const double x : {10, 20, 30, 40}) {
+        curve.add_ctrl(x, 0);
+    }
+    ASSERT_TRUE(curve.CreateLines(5));
+    ASSERT_EQ(curve.GetLineSize(), 10);
+    EXPECT_EQ(curve.chain()[8], (Place{35, 0, 0}));
+    EXPECT_EQ(curve.chain()[9], (Place{40, 0, 0}));
+    EXPECT_EQ(curve.chain()[10], (Place{40, 0, 0}));
+}
+
 TEST(NurbsCreateLines, MissingKnotsReadAsZero) {
     NurbsProbe curve(1);
     curve.add_knots({-1, -1, 0});
@@ -440,6 +455,18 @@ TEST(NurbsCreateLines, ProductsThatOverflowFail) {
     expect_no_lines(product, 2, false);
 }
 
+TEST(NurbsCreateLines, AProductThatOverflowsInOneCoordinateFails) {
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        NurbsProbe curve(1);
+        curve.add_knots({0, 0, 1, 1});
+        Place place{1, 1, 1};
+        place[axis] = 1e200;
+        curve.add_ctrl(place[0], place[1], place[2], 1e200);
+        curve.add_ctrl(1, 1, 1, 1);
+        expect_no_lines(curve, 3, false);
+    }
+}
+
 TEST(NurbsCreateLines, PointsThatAreNotFiniteFail) {
     for (const double bad : {kInfinity, -kInfinity, kNaN}) {
         for (int axis = 0; axis < 3; ++axis) {
@@ -486,6 +513,7 @@ TEST(NurbsCreateLines, KnotsWhoseDifferenceOverflowsFail) {
     curve.add_knots({-1.7e308, -1.7e308, 1.7e308, 1.7e308});
     curve.add_ctrl(0, 0);
     curve.add_ctrl(1, 0);
+    expect_no_lines(curve, 1, false);
     expect_no_lines(curve, 2, false);
 }
 
