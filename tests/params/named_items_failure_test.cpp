@@ -148,6 +148,17 @@ TEST(NamedListFailure, ItemThatTheIndexLostIsOwnedAndDeleted) {
     EXPECT_EQ(alive, Item::alive);
 }
 
+TEST(NamedListFailure, LaterItemThatTheIndexLostIsCountedOffWhenItIsDestroyed) {
+    List from("ab"), to;
+    {
+        const AllocationFailure failure(1, true);
+        EXPECT_TRUE(from.Splice(&to));
+    }
+    delete from.GetTail();
+    EXPECT_EQ(1, from.GetCount());
+    EXPECT_STREQ("a", from.GetTail()->GetName());
+}
+
 TEST(NamedListFailure, CopyWithoutMemoryIsFalseAndLosesNothing) {
     const int alive = Item::alive;
     sweep([](int nth, bool and_all_later) {
