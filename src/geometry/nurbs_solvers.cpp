@@ -131,7 +131,7 @@ bool CCalcNurbs::GauseMethod(TCalcNurbsWorkBuffer& buffer, int n) const {
         }
         eliminate_column(buffer, n, column);
     }
-    std::copy(buffer.rhs, buffer.rhs + n, buffer.solution);
+    std::copy_n(buffer.rhs, n, buffer.solution);
     substitute_upwards(buffer.matrix, n, buffer.solution);
     return are_finite(buffer.solution, n);
 }
@@ -167,7 +167,7 @@ bool CCalcNurbs::SolveLinerSystemOfEquations(int n, TCalcNurbsWorkBuffer& buffer
             return false;
         }
     }
-    std::copy(buffer.rhs, buffer.rhs + n, buffer.solution);
+    std::copy_n(buffer.rhs, n, buffer.solution);
     for (int i = 0; i < n; ++i) {
         std::swap(buffer.solution[i], buffer.solution[buffer.index[i]]);
     }
