@@ -159,6 +159,17 @@ TEST(NamedListFailure, LaterItemThatTheIndexLostIsCountedOffWhenItIsDestroyed) {
     EXPECT_STREQ("a", from.GetTail()->GetName());
 }
 
+TEST(NamedListFailure, RenamingAnItemThatTheIndexLostLeavesItsNamesakeInTheIndex) {
+    List from("a"), to;
+    {
+        const AllocationFailure failure(1, true);
+        EXPECT_TRUE(from.Splice(&to));
+    }
+    const Item* namesake = from.add("a");
+    EXPECT_TRUE(from.GetHead()->SetName("c"));
+    EXPECT_EQ(namesake, from.Find("a"));
+}
+
 TEST(NamedListFailure, CopyWithoutMemoryIsFalseAndLosesNothing) {
     const int alive = Item::alive;
     sweep([](int nth, bool and_all_later) {

@@ -398,9 +398,12 @@ TEST(NamedItemHooks, RecordAndClearTheOwner) {
         item.OnDetachList(&list);
         EXPECT_EQ(nullptr, item.Parent());
         item.OnAttachList(&list);
-        CVpItem other;
-        other.OnAttachList(&list);  // destroyed without ever having been linked
-        item.Delete();
+        {
+            CVpItem other;
+            other.OnAttachList(&list);  // destroyed without ever having been linked
+        }
+        EXPECT_EQ(0, list.GetCount());
+        item.OnDetachList(&list);
     }
     item.OnDestroy();
 }
