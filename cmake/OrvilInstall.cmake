@@ -1,5 +1,5 @@
-# What `cmake --install` puts where: the library, its headers, views for debuggers, the CMake
-# package `orvil` and the pkg-config file.
+# What `cmake --install` puts where: the library, its headers, documents, views for debuggers, the CMake package `orvil`
+# and the pkg-config file.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
@@ -10,6 +10,18 @@ install(DIRECTORY include/orvil TYPE INCLUDE FILES_MATCHING PATTERN "*.h")
 
 # Views of the classes for debuggers.
 install(FILES debug/orvil_gdb.py debug/orvil.natvis DESTINATION ${CMAKE_INSTALL_DATADIR}/orvil)
+
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs TYPE DOC FILES_MATCHING PATTERN "*.md")
+
+# A library that contains PCRE comes with PCRE's notice.
+if(PCRE_LIBRARY MATCHES "\\.a$")
+  find_file(PCRE_NOTICE copyright PATHS /usr/share/doc/libpcre3-dev NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+  mark_as_advanced(PCRE_NOTICE)
+  if(PCRE_NOTICE)
+    install(FILES ${PCRE_NOTICE} DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME PCRE-copyright.txt)
+  endif()
+endif()
 
 # The package needs no others, since PCRE is linked privately: the exported target is the whole of it.
 install(EXPORT orvil NAMESPACE orvil:: FILE orvilConfig.cmake DESTINATION ${orvil_package_dir})

@@ -1,0 +1,13 @@
+# What `cpack` makes: one archive of all that `cmake --install` puts somewhere, the library stripped.
+set(CPACK_GENERATOR TGZ)
+if(WIN32)
+  set(CPACK_GENERATOR ZIP)
+endif()
+string(TOLOWER ${CMAKE_SYSTEM_NAME} orvil_system)
+set(orvil_archive_name orvil-${PROJECT_VERSION}-${orvil_system}-x86_64)
+set(CPACK_PACKAGE_FILE_NAME ${orvil_archive_name})
+set(CPACK_PACKAGE_NAME orvil)
+set(CPACK_PACKAGE_VENDOR ORVIL)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+include(CPack)
