@@ -97,7 +97,7 @@ void BandSystem::substitute() {
         const double* coefficients = row(i);
         Triple& side = sides_[static_cast<std::size_t>(i)];
         for (int p = 1; p < (std::min)(width_, size_ - i); ++p) {
-            const Triple& known = sides_[static_cast<std::size_t>(i + p)];
+            const Triple& known = (&side)[p];
             side.x -= coefficients[p] * known.x;
             side.y -= coefficients[p] * known.y;
             side.z -= coefficients[p] * known.z;

@@ -368,6 +368,16 @@ TEST(NurbsCreateLines, TheStartMayLieInsideOfASpanOfDecreasingKnots) {
     EXPECT_EQ(curve.chain(), (std::vector<Place>{{1, 0, 0}, {3, 0, 0}}));
 }
 
+TEST(NurbsCreateLines, ASpanThatEndsAtTheStartDoesNotHaveItInside) {
+    NurbsProbe curve(1);
+    curve.add_knots({1, 0, 1 + 5e-9, 3, 3});
+    for (const double x : {10, 20, 30}) {
+        curve.add_ctrl(x, 0);
+    }
+    ASSERT_TRUE(curve.CreateLines(1));
+    EXPECT_EQ(curve.chain(), (std::vector<Place>{{20, 0, 0}, {30, 0, 0}}));
+}
+
 // Rounding leads the fourth of five samples of the last span to the last knot.
 TEST(NurbsCreateLines, SamplesOfDecreasingKnotsThatRoundToTheEndAreTheEnd) {
     NurbsProbe curve(1);
