@@ -67,7 +67,7 @@ bool copy_to_free_name(const char* source, const char* pattern, int limit, int& 
 }  // namespace
 
 bool orv_backupfile(const char* source, const char* pattern, int* number, int limit) {
-    if (source == nullptr || *source == '\0' || pattern == nullptr || !has_status(source)) {
+    if (pattern == nullptr || !has_status(source)) {
         return false;
     }
     int ignored = 0;

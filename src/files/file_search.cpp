@@ -219,7 +219,7 @@ const char* CFileSearch::GetFileName() const {
 }
 
 const char* CFileSearch::GetFilePath() const {
-    return entry_ == nullptr ? CExtString::sm_pszNull : path_;
+    return path_;
 }
 
 bool CFileSearch::StatMask(unsigned short mask) const {

@@ -239,6 +239,18 @@ TEST_F(FileUtils, MovingOntoAnExistingFileOrFolderChangesNothing) {
     EXPECT_EQ(read_file(file), "12345");
 }
 
+// Windows itself would change the case of the name.
+TEST_F(FileUtils, OtherCaseOfTheNameExistsOnWindowsAlone) {
+    const std::string upper = folder.path("FILE.TXT");
+#ifdef _WIN32
+    EXPECT_FALSE(orv_movefile(file.c_str(), upper.c_str()));
+    EXPECT_EQ(fs::directory_iterator(folder.path(""))->path().filename().string(), "file.txt");
+#else
+    EXPECT_TRUE(orv_movefile(file.c_str(), upper.c_str()));
+    EXPECT_EQ(read_file(upper), "12345");
+#endif
+}
+
 // Its status cannot be had, so that it looks absent; it is not replaced all the same.
 TEST_F(FileUtils, MovingOntoAFileOfMoreThan31BitsChangesNothing) {
     const std::string target = folder.write("large", "x");
