@@ -203,6 +203,8 @@ bool regex_check(const void* handle) {
     return regex_cache.entry_of(handle) != nullptr;
 }
 
+// PCRE keeps a block for machine code even when there is none, and would lose it when the library is unloaded.
 void regex_cleanup() {
     regex_cache.clear();
+    pcre_jit_free_unused_memory();
 }
