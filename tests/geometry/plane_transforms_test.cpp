@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -70,7 +71,8 @@ TEST(PlaneStep, MakesACopyOfItself) {
 TEST(PlaneStep, HasItsDestructorBeforeGetCopyInstance) {
     const C2DMatrixItem step = sample();
     using Copy = C2DMatrixItem* (*)(const C2DMatrixItem*);
-    const auto* table = *reinterpret_cast<const Copy* const*>(&step);
+    const Copy* table = nullptr;
+    std::memcpy(&table, static_cast<const void*>(&step), sizeof table);
     C2DMatrixItem* copy = table[2](&step);
     ASSERT_NE(copy, nullptr);
     EXPECT_TRUE(same_step(*copy, step));

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <type_traits>
 
 #include "geometry/figures.h"
@@ -66,7 +67,8 @@ TEST(SpaceStep, MakesACopyOfItself) {
 TEST(SpaceStep, HasItsDestructorBeforeGetCopyInstance) {
     const C3DMatrixItem step = sample();
     using Copy = C3DMatrixItem* (*)(const C3DMatrixItem*);
-    const auto* table = *reinterpret_cast<const Copy* const*>(&step);
+    const Copy* table = nullptr;
+    std::memcpy(&table, static_cast<const void*>(&step), sizeof table);
     C3DMatrixItem* copy = table[2](&step);
     ASSERT_NE(copy, nullptr);
     EXPECT_TRUE(same_step(*copy, step));
