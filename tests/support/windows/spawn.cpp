@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <cstdio>
+
 namespace orvil::test {
 namespace {
 
@@ -53,9 +55,14 @@ int spawn_and_wait(const std::string& program, const std::vector<std::string>& a
     PROCESS_INFORMATION process{};
     const bool started =
         CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process) != 0;
+    const DWORD trouble = started ? ERROR_SUCCESS : GetLastError();
     CloseHandle(startup.hStdOutput);
     CloseHandle(startup.hStdError);
-    return started ? wait_for(process) : -1;
+    if (!started) {
+        std::fprintf(stderr, "cannot start %s: error %lu\n", line.c_str(), trouble);
+        return -1;
+    }
+    return wait_for(process);
 }
 
 }  // namespace orvil::test
