@@ -297,7 +297,9 @@ class FullEvaluator {
 public:
     explicit FullEvaluator(const Curve& curve) : curve_(curve) {}
 
-    bool prepare() { return values_.allocate(static_cast<std::size_t>(curve_.count + curve_.degree)); }
+    bool prepare() {
+        return values_.allocate(static_cast<std::size_t>(curve_.count) + static_cast<std::size_t>(curve_.degree));
+    }
 
     bool at(const Pair& t, Position (&positions)[2]) {
         return at_one(t[0], positions[0]) && at_one(t[1], positions[1]);

@@ -109,6 +109,7 @@ CVpItem* CVpList::GetAt(int index) const {
 void CVpList::Clear() {
     while (CVpItem* item = GetHead()) {
         ItemAccess::unlink(*item);
+        // NOLINTNEXTLINE(clang-analyzer-optin.cplusplus.VirtualCall): the destructor's own class is meant there
         OnRemoveItem(item);
         ItemAccess::drop_owner(*item, *this);
         item->OnDestroy();

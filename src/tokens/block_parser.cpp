@@ -169,8 +169,11 @@ NodePtr BlockParser::read_node() {
     if (node == nullptr) {
         silent_ = false;
         memory_fault(kTokenNotStored, nullptr);
-    } else if (!read(*node, roomy_ ? BlockAccess::room(*node) : nullptr)) {
+        return nullptr;
+    }
+    if (!read(*node, roomy_ ? BlockAccess::room(*node) : nullptr)) {
         spare_ = std::move(node);
+        return nullptr;
     }
     return node;
 }
