@@ -104,6 +104,7 @@ private:
     static constexpr std::uint32_t kFirstBlock = 1152;
     static_assert(sizeof(Page) <= kFirstBlock);
 
+    // Sizes are rounded up to the alignment; a size of 0 counts as 1.
     std::size_t class_of(std::size_t size) const { return ((size - (size != 0)) | low_bits_) / kGranularity; }
     static std::size_t class_of(const Page* page) { return page->block_size / kGranularity - 1; }
     static Page* page_of(const void* block) {

@@ -24,8 +24,8 @@ inline void* allocate_text(std::size_t size) {
     return heap.pools_texts && size <= BlockPool::kLargestBlock ? small_blocks.allocate(size) : allocate_block(size);
 }
 
-// Frees a block that was asked for with this size, to which it never grew or shrank from one that the pool does not
-// serve.
+// Frees a block of this size: the size that was asked for, or the last one to which it grew. The block has never been
+// made smaller, and is no text behind a node.
 inline void free_text(void* block, std::size_t size) {
     if (heap.pools_texts && size <= BlockPool::kLargestBlock) {
         small_blocks.release(block);

@@ -64,7 +64,8 @@ struct TokenAccess {
     // again.
     static void abandon(const CLexToken& token, const char* room) { StringAccess::abandon(token.text_, room); }
 
-    // Exchanges two tokens. Nothing is allocated.
+    // Exchanges two tokens. Nothing is allocated. A text that stands behind its node is not moved: the token that takes
+    // it over must go, by its destructor, before that node does.
     static void swap(CLexToken& a, CLexToken& b) noexcept {
         std::swap(a.line_, b.line_);
         std::swap(a.column_, b.column_);
