@@ -50,12 +50,17 @@ struct OrvilRecord {
     arbt_node_t node;
 };
 
-using BoostHook = boost::intrusive::set_base_hook<boost::intrusive::link_mode<boost::intrusive::normal_link>,
-                                                  boost::intrusive::optimize_size<true>>;
-struct BoostRecord : BoostHook {
+namespace intrusive = boost::intrusive;
+
+// Boost's own choice is safe_link: a node that leaves the set is marked as being in none, as ours is. A normal_link
+// leaves it as it was.
+template <intrusive::link_mode_type Mode>
+struct BoostRecord : intrusive::set_base_hook<intrusive::link_mode<Mode>, intrusive::optimize_size<true>> {
     long number;
 };
-static_assert(sizeof(OrvilRecord) == 32 && sizeof(BoostRecord) == 32);
+using MarkedRecord = BoostRecord<intrusive::safe_link>;
+using UnmarkedRecord = BoostRecord<intrusive::normal_link>;
+static_assert(sizeof(OrvilRecord) == 32 && sizeof(MarkedRecord) == 32 && sizeof(UnmarkedRecord) == 32);
 
 [[gnu::noinline]] int compare_orvil(const arbt_node_t* node, const void* key) {
     const long number =
@@ -65,32 +70,32 @@ static_assert(sizeof(OrvilRecord) == 32 && sizeof(BoostRecord) == 32);
     return (wanted > number) - (wanted < number);
 }
 
-[[gnu::noinline]] int compare_boost(const BoostRecord* record, const void* key) {
+template <typename Record>
+[[gnu::noinline]] int compare_boost(const Record* record, const void* key) {
     const long wanted = *static_cast<const long*>(key);
     return (wanted > record->number) - (wanted < record->number);
 }
 
-using BoostCompare = int (*)(const BoostRecord* record, const void* key);
-
-BoostCompare opaque(BoostCompare compare) {
-    benchmark::DoNotOptimize(compare);
-    return compare;
-}
-
 // Boost's set with a comparison like ours: a function of the host's with three results, behind a pointer.
+template <typename Record>
 struct LessThroughPointer {
-    BoostCompare compare = opaque(compare_boost);
-    bool operator()(const BoostRecord& left, const BoostRecord& right) const {
-        return compare(&left, &right.number) > 0;
+    using Compare = int (*)(const Record* record, const void* key);
+    Compare compare = opaque(compare_boost<Record>);
+
+    static Compare opaque(Compare compare) {
+        benchmark::DoNotOptimize(compare);
+        return compare;
     }
-    bool operator()(long left, const BoostRecord& right) const { return compare(&right, &left) < 0; }
-    bool operator()(const BoostRecord& left, long right) const { return compare(&left, &right) > 0; }
+    bool operator()(const Record& left, const Record& right) const { return compare(&left, &right.number) > 0; }
+    bool operator()(long left, const Record& right) const { return compare(&right, &left) < 0; }
+    bool operator()(const Record& left, long right) const { return compare(&left, &right) > 0; }
 };
 
+template <typename Record>
 struct LessInline {
-    bool operator()(const BoostRecord& left, const BoostRecord& right) const { return left.number < right.number; }
-    bool operator()(long left, const BoostRecord& right) const { return left < right.number; }
-    bool operator()(const BoostRecord& left, long right) const { return left.number < right; }
+    bool operator()(const Record& left, const Record& right) const { return left.number < right.number; }
+    bool operator()(long left, const Record& right) const { return left < right.number; }
+    bool operator()(const Record& left, long right) const { return left.number < right; }
 };
 
 class OrvilTree {
@@ -123,7 +128,7 @@ private:
     arbt_root_t root_{nullptr, 0};
 };
 
-template <typename Less>
+template <typename Record, template <typename> typename Less>
 class BoostTree {
 public:
     explicit BoostTree(const std::vector<int>& numbers) : records_(numbers.size()) {
@@ -143,15 +148,15 @@ public:
     void clear() { set_.clear(); }
     long walk() const {
         long sum = 0;
-        for (const BoostRecord& record : set_) {
+        for (const Record& record : set_) {
             sum += record.number > 0 ? 1 : 2;
         }
         return sum;
     }
 
 private:
-    std::vector<BoostRecord> records_;
-    boost::intrusive::set<BoostRecord, boost::intrusive::compare<Less>> set_;
+    std::vector<Record> records_;
+    intrusive::set<Record, intrusive::compare<Less<Record>>> set_;
 };
 
 class StdTree {
@@ -239,13 +244,15 @@ void tree_walk(benchmark::State& state) {
     per_item(state, state.range(0));
 }
 
-using BoostPointer = BoostTree<LessThroughPointer>;
-using BoostInline = BoostTree<LessInline>;
+using BoostPointer = BoostTree<MarkedRecord, LessThroughPointer>;
+using BoostUnmarked = BoostTree<UnmarkedRecord, LessThroughPointer>;
+using BoostInline = BoostTree<MarkedRecord, LessInline>;
 
-#define ORVIL_TREE_BENCH(work, name)                                                                       \
-    BENCHMARK(work<OrvilTree>)->Name(name "/orvil")->RangeMultiplier(10)->Range(1000, 1000000);            \
-    BENCHMARK(work<BoostPointer>)->Name(name "/boost,pointer")->RangeMultiplier(10)->Range(1000, 1000000); \
-    BENCHMARK(work<BoostInline>)->Name(name "/boost,inline")->RangeMultiplier(10)->Range(1000, 1000000);   \
+#define ORVIL_TREE_BENCH(work, name)                                                                         \
+    BENCHMARK(work<OrvilTree>)->Name(name "/orvil")->RangeMultiplier(10)->Range(1000, 1000000);              \
+    BENCHMARK(work<BoostPointer>)->Name(name "/boost,pointer")->RangeMultiplier(10)->Range(1000, 1000000);   \
+    BENCHMARK(work<BoostUnmarked>)->Name(name "/boost,unmarked")->RangeMultiplier(10)->Range(1000, 1000000); \
+    BENCHMARK(work<BoostInline>)->Name(name "/boost,inline")->RangeMultiplier(10)->Range(1000, 1000000);     \
     BENCHMARK(work<StdTree>)->Name(name "/std::map")->RangeMultiplier(10)->Range(1000, 1000000)
 
 ORVIL_TREE_BENCH(tree_insert, "TreeInsert");
