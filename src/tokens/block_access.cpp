@@ -228,15 +228,34 @@ namespace {
 // the other lie one behind the other as a rule, and so do their slots. Asking for those that will be released soon
 // makes releasing a large tree more than twice as fast; where the rule does not hold, nothing is lost.
 constexpr std::uintptr_t kCacheLine = 64;
-constexpr std::uintptr_t kNodesAhead = 6144;
-constexpr std::uintptr_t kSlotsAhead = 640;
 
-// Asks for what will be read some hundred nodes later, and not for the smallest cache, which would not keep it so long.
+// Asks for what will be read later, at a distance in front of a block.
+template <int Cache>
 void fetch_in_front(const void* block, std::uintptr_t distance) {
     constexpr int kForReading = 0;
-    constexpr int kInLargerCaches = 2;
     __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(block) - distance), kForReading,
-                       kInLargerCaches);
+                       Cache);
+}
+
+// In two steps: from memory into the larger caches, since the smallest would not keep it so long, and from there into
+// the smallest just before it is read.
+constexpr int kInLargerCaches = 2;
+constexpr int kInEveryCache = 3;
+
+void fetch_nodes_in_front(const void* node) {
+    constexpr std::uintptr_t far_ahead = 6144;
+    constexpr std::uintptr_t near_ahead = 960;
+    fetch_in_front<kInLargerCaches>(node, far_ahead);
+    fetch_in_front<kInLargerCaches>(node, far_ahead - kCacheLine);
+    fetch_in_front<kInEveryCache>(node, near_ahead);
+    fetch_in_front<kInEveryCache>(node, near_ahead - kCacheLine);
+}
+
+void fetch_slots_in_front(const void* slots) {
+    constexpr std::uintptr_t far_ahead = 640;
+    constexpr std::uintptr_t near_ahead = 320;
+    fetch_in_front<kInLargerCaches>(slots, far_ahead);
+    fetch_in_front<kInEveryCache>(slots, near_ahead);
 }
 
 }  // namespace
@@ -244,8 +263,7 @@ void fetch_in_front(const void* block, std::uintptr_t distance) {
 // Ends a node whose children and slots have gone. Memory is taken back without a destructor, which would write to a
 // node that nobody looks at any more: writing takes longer than all the rest.
 void BlockAccess::release_node(const CLexTokenBlock* node) {
-    fetch_in_front(node, kNodesAhead);
-    fetch_in_front(node, kNodesAhead - kCacheLine);
+    fetch_nodes_in_front(node);
     TokenAccess::abandon(*node, reinterpret_cast<const char*>(node + 1));
     free_node(const_cast<CLexTokenBlock*>(node), sizeof *node);
 }
@@ -269,7 +287,7 @@ CLexTokenBlock* BlockAccess::release_leaves(const CLexTokenBlock& holder, int& l
 
 void BlockAccess::release_slots(const CLexTokenBlock& holder) {
     const void* slots = holder.children_.Slots();
-    fetch_in_front(slots, kSlotsAhead);
+    fetch_slots_in_front(slots);
     RuntimeSlots::Free(const_cast<void*>(slots));
 }
 
