@@ -94,6 +94,17 @@ unsigned char* BlockPool::take_freed(Page* page, bool cleared) {
     return block;
 }
 
+// Lets a page without living blocks begin anew. What there is to clear in the bit map is a small part of what has been
+// carved since the last time.
+void BlockPool::rewind_page(Page* page) {
+    constexpr std::size_t kBytesPerWord = kGranularity * 64;
+    std::memset(page->freed, 0, (page->carved + kBytesPerWord - 1) / kBytesPerWord * sizeof *page->freed);
+    page->carved = kFirstBlock;
+    page->dead = 0;
+    page->due = 0;
+    page->hint = 0;
+}
+
 // What a page becomes when it has room again or its last living block has gone. The last page of its class stays open:
 // the next text of its size finds it.
 void BlockPool::list_or_close(Page* page) {
@@ -102,7 +113,12 @@ void BlockPool::list_or_close(Page* page) {
         list(head, page);
         page->due = page->carved - kFirstBlock;
     }
-    if (is_empty(page) && (page->next != nullptr || page->previous != nullptr)) {
+    if (!is_empty(page)) {
+        return;
+    }
+    if (page->next == nullptr && page->previous == nullptr) {
+        rewind_page(page);
+    } else {
         unlist(head, page);
         close_page(page);
     }

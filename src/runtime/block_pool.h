@@ -113,6 +113,7 @@ private:
     static Page* page_at(const Chunk* chunk, std::size_t index);
 
     static void reset_page(Page* page, std::size_t index);
+    static void rewind_page(Page* page);
 
     // Where a block begins in its page, in units of the granularity.
     static std::size_t unit_of(const void* block) {

@@ -12,8 +12,8 @@ void* StoredByLibrary::operator new(std::size_t size, const std::nothrow_t&) noe
     return allocate_node(size);
 }
 
-void StoredByLibrary::operator delete(void* block) noexcept {
-    free_node(block);
+void StoredByLibrary::operator delete(void* block, std::size_t size) noexcept {
+    free_node(block, size);
 }
 
 void StoredByLibrary::operator delete(void* block, const std::nothrow_t&) noexcept {

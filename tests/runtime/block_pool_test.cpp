@@ -93,6 +93,28 @@ TEST_F(BlockPoolTest, ADirtyBlockIsTakenLikeAnyOther) {
     pool.release(keeper);
 }
 
+TEST_F(BlockPoolTest, APageWhoseBlocksAreAllFreedBeginsAnew) {
+    std::vector<void*> blocks;
+    for (int i = 0; i < 800; ++i) {
+        blocks.push_back(pool.allocate(72));
+        std::memset(blocks.back(), 0xAA, 72);
+    }
+    const std::vector<void*> first(blocks.begin(), blocks.begin() + 100);
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        pool.release(blocks[i * 7 % blocks.size()]);
+    }
+    for (void* const place : first) {
+        void* block = pool.allocate(72);
+        EXPECT_EQ(block, place);
+        EXPECT_TRUE(all_zero(block, 72));
+    }
+    pool.release(first[50]);
+    EXPECT_EQ(pool.allocate(72), first[50]);
+    for (void* const block : first) {
+        pool.release(block);
+    }
+}
+
 TEST_F(BlockPoolTest, FreedBlocksOfAFullPageAreAllTakenAgain) {
     std::vector<void*> blocks;
     for (int i = 0; i < 1000; ++i) {

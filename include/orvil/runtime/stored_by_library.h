@@ -20,9 +20,9 @@ public:
     static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
     /// @return @p place
     static void* operator new(std::size_t, void* place) noexcept { return place; }
-    /// Takes the memory back; null is ignored.
-    static void operator delete(void* block) noexcept;
-    /// As above.
+    /// Takes the memory of an object of @p size bytes back.
+    static void operator delete(void* block, std::size_t size) noexcept;
+    /// Takes the memory back of an object whose constructor has thrown.
     static void operator delete(void* block, const std::nothrow_t&) noexcept;
     /// Nothing to take back.
     static void operator delete(void*, void*) noexcept {}
