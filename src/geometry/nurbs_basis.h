@@ -16,9 +16,6 @@ inline constexpr int kMostFunctions = kHighestDegree + 1;
 // 1 and receives count. The knots may be anything.
 void all_basis_functions(const double* knots, int order, int count, double t, double* values);
 
-// Two doubles that are computed with at once; each gets what it would get alone.
-using Pair = double __attribute__((vector_size(16)));
-
 // The functions of order Degree + 1 that are not 0 in one span of knots that do not decrease: those with the indices
 // span - Degree to span. What depends on the span alone is computed once for it.
 template <int Degree>
@@ -37,9 +34,9 @@ public:
         }
     }
 
-    // Fills `values`, of which there are Degree + 1, for a parameter that lies in the span, or for two of them.
+    // Fills `values`, of which there are Degree + 1, for a parameter that lies in the span, or for several of them.
     template <typename Number>
-    void evaluate(Number t, Number* values) const {
+    [[gnu::always_inline]] void evaluate(const Number& t, Number* values) const {
         const Part* part = parts_;
         values[Degree] = Number{} + 1.0;
         for (int level = 1; level <= Degree; ++level) {
@@ -63,7 +60,7 @@ private:
         bool multiplies;  // whether it is that
 
         template <typename Number>
-        Number of_width(Number distance) const {
+        [[gnu::always_inline]] Number of_width(const Number& distance) const {
             return multiplies ? distance * factor : distance / factor;
         }
     };

@@ -158,7 +158,7 @@ TEST(NurbsCreateLines, RisingKnotsGiveTheModelsBits) {
         SCOPED_TRACE(round);
         NurbsProbe curve = random.points();
         random.add_rising_knots(curve);
-        expect_model(curve, random.whole(0, 6));
+        expect_model(curve, random.whole(0, 10));
         drawn += curve.GetLineSize() > 0 ? 1 : 0;
     }
     EXPECT_GT(drawn, 1500);
@@ -171,7 +171,7 @@ TEST(NurbsCreateLines, AnyKnotsGiveTheModelsBits) {
         SCOPED_TRACE(round);
         NurbsProbe curve = random.points();
         random.add_any_knots(curve);
-        expect_model(curve, random.whole(0, 6));
+        expect_model(curve, random.whole(0, 10));
         drawn += curve.GetLineSize() > 0 ? 1 : 0;
     }
     EXPECT_GT(drawn, 200);
