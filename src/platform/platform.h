@@ -32,6 +32,9 @@ void heap_free(void* heap, void* block);
 // Releases the heap with all its blocks; nonzero on success.
 std::uint32_t heap_destroy(void* heap);
 
+// Tells the system that memory is going to be used as a whole, so that it may map it by large pages.
+void prefer_large_pages(void* memory, std::size_t size);
+
 // --- the stack ------------------------------------------------------------------------------------------------------
 
 // How many bytes the calling thread's stack can still grow by; 0 when the system does not say.

@@ -7,8 +7,9 @@
 namespace orvil::detail {
 namespace {
 
-// Idle chunks that are kept, so that a program that reads one file after the other does not ask the source each time.
-constexpr std::size_t kIdleChunksKept = 32;
+// Pages of idle chunks that are kept, so that a program that reads one file after the other does not ask the source
+// each time.
+constexpr std::size_t kIdlePagesKept = 4096;
 
 }  // namespace
 
@@ -36,16 +37,31 @@ void BlockPool::unlist(Page*& head, Page* page) {
 
 // Makes an empty page serve the class.
 BlockPool::Page* BlockPool::open_page(std::size_t index) {
-    if (empty_ == nullptr && !add_chunk()) {
-        return nullptr;
-    }
     Page* page = empty_;
-    unlist(empty_, page);
+    if (page != nullptr) {
+        unlist(empty_, page);
+    } else {
+        page = begin_page();
+        if (page == nullptr) {
+            return nullptr;
+        }
+    }
     if (page->chunk->pages_in_use++ == 0) {
-        --idle_chunks_;
+        idle_pages_ -= page->chunk->pages;
     }
     reset_page(page, index);
     list(available_[index], page);
+    return page;
+}
+
+// A page that has never been used; null when the source yields nothing.
+BlockPool::Page* BlockPool::begin_page() {
+    if ((chunks_ == nullptr || chunks_->pages_begun == chunks_->pages) && !add_chunk()) {
+        return nullptr;
+    }
+    Page* page = page_at(chunks_, chunks_->pages_begun++);
+    page->chunk = chunks_;
+    page->clean = true;
     return page;
 }
 
@@ -127,14 +143,19 @@ void BlockPool::list_or_close(Page* page) {
 void BlockPool::close_page(Page* page) {
     page->clean = false;
     list(empty_, page);
-    if (--page->chunk->pages_in_use == 0 && ++idle_chunks_ > kIdleChunksKept) {
-        drop_chunk(page->chunk);
+    Chunk* chunk = page->chunk;
+    if (--chunk->pages_in_use > 0) {
+        return;
+    }
+    idle_pages_ += chunk->pages;
+    if (idle_pages_ > kIdlePagesKept) {
+        drop_chunk(chunk);
     }
 }
 
 // A chunk's record stands in front of its first page, which begins at the next multiple of the page size.
 bool BlockPool::add_chunk() {
-    const std::size_t pages = chunks_ == nullptr ? kPagesOfFirstChunk : kPagesPerChunk;
+    const std::size_t pages = pages_of_next_chunk();
     const std::size_t size = (pages + 1) * kPageSize;
     void* memory = source_.obtain(size);
     if (memory == nullptr) {
@@ -149,6 +170,7 @@ bool BlockPool::add_chunk() {
         source_.release(memory);
         return false;
     }
+    chunk->pages_begun = 0;
     chunk->pages_in_use = 0;
     chunk->previous = nullptr;
     chunk->next = chunks_;
@@ -156,25 +178,25 @@ bool BlockPool::add_chunk() {
         chunks_->previous = chunk;
     }
     chunks_ = chunk;
-    ++idle_chunks_;
-    for (std::size_t index = pages; index-- > 0;) {
-        Page* page = page_at(chunk, index);
-        page->chunk = chunk;
-        page->clean = true;
-        list(empty_, page);
-    }
+    pages_ += pages;
+    idle_pages_ += pages;
     return true;
 }
 
+std::size_t BlockPool::pages_of_next_chunk() const {
+    return pages_ == 0 ? kPagesOfFirstChunk : pages_ < kPagesPerLargeChunk ? kPagesPerChunk : kPagesPerLargeChunk;
+}
+
 void BlockPool::drop_chunk(Chunk* chunk) {
-    for (std::size_t index = 0; index < chunk->pages; ++index) {
+    for (std::size_t index = 0; index < chunk->pages_begun; ++index) {
         unlist(empty_, page_at(chunk, index));
     }
     (chunk->previous == nullptr ? chunks_ : chunk->previous->next) = chunk->next;
     if (chunk->next != nullptr) {
         chunk->next->previous = chunk->previous;
     }
-    --idle_chunks_;
+    pages_ -= chunk->pages;
+    idle_pages_ -= chunk->pages;
     mark(chunk, false);
     source_.release(chunk);
 }
@@ -210,7 +232,8 @@ void BlockPool::abandon() {
     }
     empty_ = nullptr;
     chunks_ = nullptr;
-    idle_chunks_ = 0;
+    pages_ = 0;
+    idle_pages_ = 0;
 }
 
 void BlockPool::trim() {

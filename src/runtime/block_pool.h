@@ -1,10 +1,10 @@
 // Small blocks by size class, for the many short texts and nodes of a conversion run.
 //
-// Memory comes from a source in chunks of pages of 64 KiB, a small chunk first and larger ones then. A page serves
+// Memory comes from a source in chunks of pages of 64 KiB, the larger the more there is already. A page serves
 // blocks of one size, carves them one behind the other and notes freed ones in a bit map of its own; blocks have no
 // headers, since a page is found by clearing the low bits of an address, and freeing touches the page's record only. A
-// page that runs empty serves any size again. Chunks that run empty are kept for the next file up to 32 of them, 256
-// MiB; the others go back to the source.
+// page that runs empty serves any size again. Chunks that run empty are kept for the next file up to 256 MiB; the
+// others go back to the source.
 //
 // Nothing is locked. A pool has no destructor: it may serve objects that are destroyed after it would be.
 #pragma once
@@ -19,6 +19,9 @@ class BlockPool {
 public:
     // Larger requests are not a pool's business.
     static constexpr std::size_t kLargestBlock = 1024;
+
+    // The least size of a chunk of a pool that has become large.
+    static constexpr std::size_t kLargeChunk = std::size_t{32} << 20;
 
     // Where chunks come from. `obtain` yields zero-filled memory or null.
     struct Source {
@@ -75,6 +78,7 @@ private:
     static constexpr std::size_t kPageSize = 0x10000;
     static constexpr std::size_t kPagesOfFirstChunk = 16;
     static constexpr std::size_t kPagesPerChunk = 128;
+    static constexpr std::size_t kPagesPerLargeChunk = kLargeChunk / kPageSize;
     static constexpr std::size_t kGranularity = 8;
     static constexpr std::size_t kClasses = kLargestBlock / kGranularity;
     static constexpr std::size_t kPagesPerLeaf = 0x10000;
@@ -99,6 +103,7 @@ private:
         Chunk* previous;
         Page* first_page;
         std::size_t pages;
+        std::size_t pages_begun;  // those behind them have never been used
         std::size_t pages_in_use;
     };
     static constexpr std::uint32_t kFirstBlock = 1152;
@@ -145,6 +150,7 @@ private:
     void* take_seldom(std::size_t index, bool cleared);
     static unsigned char* take_freed(Page* page, bool cleared);
     Page* open_page(std::size_t index);
+    Page* begin_page();
 
     // Most blocks are a few times sixteen bytes, for which a call takes longer than the work.
     static void clear(unsigned char* block, std::size_t size) {
@@ -163,6 +169,7 @@ private:
     void list_or_close(Page* page);
     void close_page(Page* page);
     bool add_chunk();
+    std::size_t pages_of_next_chunk() const;
     void drop_chunk(Chunk* chunk);
     bool mark(const Chunk* chunk, bool ours);
 
@@ -171,8 +178,9 @@ private:
     PageMap& leaves_;
     Page* available_[kClasses] = {};  // pages with room, for each size
     Page* empty_ = nullptr;           // pages that serve any size
-    Chunk* chunks_ = nullptr;
-    std::size_t idle_chunks_ = 0;
+    Chunk* chunks_ = nullptr;         // only the first has pages that have never been used
+    std::size_t pages_ = 0;
+    std::size_t idle_pages_ = 0;  // of chunks without a page in use
 };
 
 }  // namespace orvil::detail

@@ -21,7 +21,7 @@ void* HeapSlots::Grow(void* block, int, int to) {
     return orv_heap_realloc(block, static_cast<std::size_t>(to) * sizeof(void*));
 }
 
-void HeapSlots::Free(void* block) {
+void HeapSlots::Free(void* block, int) {
     orv_heap_free(block);
 }
 

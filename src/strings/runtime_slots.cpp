@@ -1,3 +1,4 @@
+#include <bit>
 #include <cstddef>
 
 #include "orvil/strings/slot_array.h"
@@ -6,11 +7,7 @@
 namespace orvil::detail {
 
 std::size_t RuntimeSlots::Reserve(int capacity) {
-    std::size_t slots = capacity < 16 ? 4 : 16;
-    while (slots < static_cast<std::size_t>(capacity)) {
-        slots *= 2;
-    }
-    return slots;
+    return capacity < 16 ? 4 : std::bit_ceil(static_cast<std::size_t>(capacity));
 }
 
 void* RuntimeSlots::Allocate(int capacity) {
@@ -23,8 +20,10 @@ void* RuntimeSlots::Grow(void* block, int from, int to) {
     return held == wanted ? block : resize_node(block, held * sizeof(void*), wanted * sizeof(void*));
 }
 
-void RuntimeSlots::Free(void* block) {
-    free_node(block);
+void RuntimeSlots::Free(void* block, int capacity) {
+    if (block != nullptr) {
+        free_node(block, Reserve(capacity) * sizeof(void*));
+    }
 }
 
 }  // namespace orvil::detail

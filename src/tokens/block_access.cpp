@@ -286,9 +286,8 @@ CLexTokenBlock* BlockAccess::release_leaves(const CLexTokenBlock& holder, int& l
 }
 
 void BlockAccess::release_slots(const CLexTokenBlock& holder) {
-    const void* slots = holder.children_.Slots();
-    fetch_slots_in_front(slots);
-    RuntimeSlots::Free(const_cast<void*>(slots));
+    fetch_slots_in_front(holder.children_.Slots());
+    holder.children_.AbandonSlots();
 }
 
 // Goes down into the last child that has slots, and climbs when none is left. The parent is set afresh on the way down,

@@ -274,7 +274,7 @@ TEST_F(EntryPointsOfStrings, SlotsOfArraysAreReserved) {
     sweep_each([] {
         if (void* slots = detail::HeapSlots::Allocate(4)) {
             void* grown = detail::HeapSlots::Grow(slots, 4, 64);
-            detail::HeapSlots::Free(grown == nullptr ? slots : grown);
+            detail::HeapSlots::Free(grown == nullptr ? slots : grown, grown == nullptr ? 4 : 64);
         }
         CExtArray<CLexTokenBlock> blocks;
         EXPECT_GE(detail::RuntimeSlots::Reserve(16), 16U);

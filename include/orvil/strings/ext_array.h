@@ -137,10 +137,13 @@ public:
     /// Releases the slots of an array whose size is 0. Otherwise nothing happens.
     void ReleaseSlots() {
         if (Base::size_ == 0 && Base::slots_ != nullptr) {
-            orvil::detail::RuntimeSlots::Free(Base::slots_);
+            orvil::detail::RuntimeSlots::Free(Base::slots_, Base::capacity_);
             Base::Init();
         }
     }
+
+    /// Releases the slots of an array that is not used again, not even to destroy it. The elements are the caller's.
+    void AbandonSlots() const { orvil::detail::RuntimeSlots::Free(Base::slots_, Base::capacity_); }
 
     /// Takes the element at @p i out; its slot stays, empty.
     /// @return the element, which is the caller's to delete; null when there is none

@@ -23,8 +23,8 @@ struct ORVIL_API HeapSlots {
     static void* Allocate(int capacity);
     /// @return the block with room for @p to slots, or null, when @p block is as it was
     static void* Grow(void* block, int from, int to);
-    /// Releases a block; null is ignored.
-    static void Free(void* block);
+    /// Releases the block of @p capacity slots; null is ignored.
+    static void Free(void* block, int capacity);
 };
 
 }  // namespace orvil::detail

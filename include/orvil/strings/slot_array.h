@@ -22,8 +22,8 @@ struct ORVIL_API RuntimeSlots {
     /// @return the block with room for @p to slots instead of @p from, or null, when @p block is as it was. The new
     /// slots hold anything.
     static void* Grow(void* block, int from, int to);
-    /// Releases a block; null is ignored.
-    static void Free(void* block);
+    /// Releases the block behind @p capacity; null is ignored.
+    static void Free(void* block, int capacity);
 };
 
 /// A growable array of slots, each of which is null or owns one T made with `new`.
@@ -147,7 +147,7 @@ protected:
             return Init();
         }
         ClearSlots(0, capacity_);
-        Slots::Free(slots_);
+        Slots::Free(slots_, capacity_);
         return Init();
     }
 

@@ -55,6 +55,10 @@ void heap_free(void* heap, void* block) {
     HeapFree(heap, 0, block);
 }
 
+// Large pages are for processes with a privilege of their own here.
+void prefer_large_pages(void*, std::size_t) {
+}
+
 std::uint32_t heap_destroy(void* heap) {
     return static_cast<std::uint32_t>(HeapDestroy(heap));
 }
