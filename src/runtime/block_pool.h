@@ -20,8 +20,9 @@ public:
     // Larger requests are not a pool's business.
     static constexpr std::size_t kLargestBlock = 1024;
 
-    // The least size of a chunk of a pool that has become large.
-    static constexpr std::size_t kLargeChunk = std::size_t{32} << 20;
+    // The least size of a chunk of a pool that has become large. Larger ones would be mapped and unmapped each for
+    // itself by the C runtime on Linux, which takes as long as filling them.
+    static constexpr std::size_t kLargeChunk = std::size_t{16} << 20;
 
     // Where chunks come from. `obtain` yields zero-filled memory or null.
     struct Source {
