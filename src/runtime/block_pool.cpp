@@ -11,6 +11,9 @@ namespace {
 // each time.
 constexpr std::size_t kIdlePagesKept = 4096;
 
+// A pool that has more pages is going to be used as a whole.
+constexpr std::size_t kPagesOfSmallPool = 256;
+
 }  // namespace
 
 BlockPool::Page* BlockPool::page_at(const Chunk* chunk, std::size_t index) {
@@ -61,7 +64,6 @@ BlockPool::Page* BlockPool::begin_page() {
     }
     Page* page = page_at(chunks_, chunks_->pages_begun++);
     page->chunk = chunks_;
-    page->clean = true;
     return page;
 }
 
@@ -72,9 +74,7 @@ void BlockPool::reset_page(Page* page, std::size_t index) {
     page->dead = 0;
     page->due = 0;
     page->hint = 0;
-    if (!page->clean) {
-        std::memset(page->freed, 0, sizeof page->freed);
-    }
+    std::memset(page->freed, 0, sizeof page->freed);
 }
 
 void* BlockPool::take_seldom(std::size_t index, bool cleared) {
@@ -141,7 +141,6 @@ void BlockPool::list_or_close(Page* page) {
 }
 
 void BlockPool::close_page(Page* page) {
-    page->clean = false;
     list(empty_, page);
     Chunk* chunk = page->chunk;
     if (--chunk->pages_in_use > 0) {
@@ -155,7 +154,7 @@ void BlockPool::close_page(Page* page) {
 
 // A chunk's record stands in front of its first page, which begins at the next multiple of the page size.
 bool BlockPool::add_chunk() {
-    const std::size_t pages = pages_of_next_chunk();
+    const std::size_t pages = pages_ == 0 ? kPagesOfFirstChunk : kPagesPerChunk;
     const std::size_t size = (pages + 1) * kPageSize;
     void* memory = source_.obtain(size);
     if (memory == nullptr) {
@@ -178,13 +177,12 @@ bool BlockPool::add_chunk() {
         chunks_->previous = chunk;
     }
     chunks_ = chunk;
+    if (pages_ >= kPagesOfSmallPool && pages_ < kIdlePagesKept) {
+        source_.advise(memory, size);
+    }
     pages_ += pages;
     idle_pages_ += pages;
     return true;
-}
-
-std::size_t BlockPool::pages_of_next_chunk() const {
-    return pages_ == 0 ? kPagesOfFirstChunk : pages_ < kPagesPerLargeChunk ? kPagesPerChunk : kPagesPerLargeChunk;
 }
 
 void BlockPool::drop_chunk(Chunk* chunk) {

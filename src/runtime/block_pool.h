@@ -1,6 +1,6 @@
 // Small blocks by size class, for the many short texts and nodes of a conversion run.
 //
-// Memory comes from a source in chunks of pages of 64 KiB, the larger the more there is already. A page serves
+// Memory comes from a source in chunks of pages of 64 KiB, a small chunk first and larger ones then. A page serves
 // blocks of one size, carves them one behind the other and notes freed ones in a bit map of its own; blocks have no
 // headers, since a page is found by clearing the low bits of an address, and freeing touches the page's record only. A
 // page that runs empty serves any size again. Chunks that run empty are kept for the next file up to 256 MiB; the
@@ -20,14 +20,12 @@ public:
     // Larger requests are not a pool's business.
     static constexpr std::size_t kLargestBlock = 1024;
 
-    // The least size of a chunk of a pool that has become large. Larger ones would be mapped and unmapped each for
-    // itself by the C runtime on Linux, which takes as long as filling them.
-    static constexpr std::size_t kLargeChunk = std::size_t{16} << 20;
-
-    // Where chunks come from. `obtain` yields zero-filled memory or null.
+    // Where chunks come from. `obtain` yields memory with any content, or null. `advise` hears of the chunks of a pool
+    // of 16 to 256 MiB: they will be used as a whole, and are likely to stay.
     struct Source {
         void* (*obtain)(std::size_t size);
         void (*release)(void* chunk);
+        void (*advise)(void* chunk, std::size_t size);
     };
 
     // Where a pool notes its pages. Addresses of 47 bits: a table of leaves, each a bit map of the pages of 4 GiB. It
@@ -79,7 +77,6 @@ private:
     static constexpr std::size_t kPageSize = 0x10000;
     static constexpr std::size_t kPagesOfFirstChunk = 16;
     static constexpr std::size_t kPagesPerChunk = 128;
-    static constexpr std::size_t kPagesPerLargeChunk = kLargeChunk / kPageSize;
     static constexpr std::size_t kGranularity = 8;
     static constexpr std::size_t kClasses = kLargestBlock / kGranularity;
     static constexpr std::size_t kPagesPerLeaf = 0x10000;
@@ -95,7 +92,6 @@ private:
         std::uint32_t dead;  // bytes of blocks that were freed and not taken again
         std::uint32_t due;   // the value of `dead` at which the page changes its list
         std::uint32_t hint;  // the word of the bit map in which a block was freed last
-        bool clean;          // the bit map has never been written to
         bool listed;
         std::uint64_t freed[kPageSize / kGranularity / 64];  // where blocks begin that came back, by units
     };
@@ -170,7 +166,6 @@ private:
     void list_or_close(Page* page);
     void close_page(Page* page);
     bool add_chunk();
-    std::size_t pages_of_next_chunk() const;
     void drop_chunk(Chunk* chunk);
     bool mark(const Chunk* chunk, bool ours);
 

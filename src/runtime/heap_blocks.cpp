@@ -32,20 +32,8 @@ void release_to_heap(void* memory) {
     }
 }
 
-// Walking through a large tree takes less time where the system maps it by large pages.
-void* advised(void* chunk, std::size_t size) {
-    if (chunk != nullptr && size >= BlockPool::kLargeChunk) {
-        platform::prefer_large_pages(chunk, size);
-    }
-    return chunk;
-}
-
 void* obtain_chunk_from_heap(std::size_t size) {
-    return advised(obtain_from_heap(size), size);
-}
-
-void* obtain_chunk_from_runtime(std::size_t size) {
-    return advised(std::calloc(1, size), size);
+    return heap.is_private() ? platform::heap_alloc(heap.handle, size) : std::malloc(size);
 }
 
 // The record in front of a large block. What lies between the two sizes is zero in a private heap.
@@ -75,10 +63,12 @@ constinit BlockPool::PageMap node_pages = {};
 
 }  // namespace
 
-constinit BlockPool small_blocks({obtain_chunk_from_heap, release_to_heap}, small_block_pages);
+// Large trees are made and released in less time where the system maps them by large pages.
+constinit BlockPool small_blocks({obtain_chunk_from_heap, release_to_heap, platform::prefer_large_pages},
+                                 small_block_pages);
 
 // Nodes outlive a private heap that a host has destroyed: their chunks are always the C runtime's.
-constinit BlockPool nodes({obtain_chunk_from_runtime, std::free}, node_pages, alignof(void*));
+constinit BlockPool nodes({std::malloc, std::free, platform::prefer_large_pages}, node_pages, alignof(void*));
 
 namespace {
 
