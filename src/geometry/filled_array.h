@@ -7,14 +7,21 @@
 
 namespace orvil::detail {
 
-// Makes the array `count` elements long, and makes those that are missing; the others stay, with any content. Returns
-// false when memory runs out; then elements may be missing.
+// Makes the array `count` slots long. Those that are new are empty, elements beyond are deleted, the others stay with
+// any content. Returns false when memory runs out.
 template <typename T>
-bool resize_filled(CExtArray<T>& array, int count) {
-    if (count > array.GetSize() && !array.SetAdopted(count - 1, nullptr)) {
-        return false;
+bool resize_slots(CExtArray<T>& array, int count) {
+    while (array.GetSize() > count) {
+        delete array.TakeLast();
     }
-    for (int i = 0; i < count; ++i) {
+    return array.GetSize() == count || array.SetAdopted(count - 1, nullptr);
+}
+
+// Makes the elements of the empty slots among those from `from` up to, not including, `to`. Returns false when memory
+// runs out; then some stay empty.
+template <typename T>
+bool fill_slots(CExtArray<T>& array, int from, int to) {
+    for (int i = from; i < to; ++i) {
         if (array.Slots()[i] != nullptr) {
             continue;
         }
@@ -23,9 +30,6 @@ bool resize_filled(CExtArray<T>& array, int count) {
             return false;
         }
         array.SetAdopted(i, element);
-    }
-    while (array.GetSize() > count) {
-        delete array.TakeLast();
     }
     return true;
 }

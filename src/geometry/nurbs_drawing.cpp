@@ -1,33 +1,63 @@
 #include "geometry/nurbs_drawing.h"
 
+#include <algorithm>
+
+#include "geometry/filled_array.h"
 #include "geometry/lanes.h"
 #include "geometry/nurbs_evaluators.h"
 
 namespace orvil::detail {
 namespace {
 
-// Joins each position to the one before, in segments that are there.
+// Makes the segments that are missing among some of them; the first of these, or null when memory runs out.
+[[gnu::noinline]] C3DLine* const* make_segments(CExtArray<C3DLine>& lines, int from, int to) {
+    return fill_slots(lines, from, to) ? lines.Slots() + from : nullptr;
+}
+
+// Joins each position to the one before, in the segments of an array that has slots for all.
 class SegmentChain {
 public:
-    explicit SegmentChain(C3DLine* const* segments) : next_(segments) {}
+    explicit SegmentChain(CExtArray<C3DLine>& lines) : lines_(lines) {}
 
     void begin(const Position& position) { last_ = position; }
 
-    void add(const Position& next) {
+    // Returns false when memory runs out.
+    bool add(const Position& next) {
+        if (next_ == end_ && !make_more()) {
+            return false;
+        }
         C3DLine& segment = **next_++;
         place(segment.start, last_);
         place(segment.end, next);
         last_ = next;
+        return true;
     }
 
 private:
+    // A curve that cannot be drawn to its end takes memory for some segments only, however many it would have.
+    static constexpr int kMadeAtOnce = 4096;
+
+    bool make_more() {
+        const int count = (std::min)(kMadeAtOnce, lines_.GetSize() - made_);
+        next_ = make_segments(lines_, made_, made_ + count);
+        if (next_ == nullptr) {
+            return false;
+        }
+        end_ = next_ + count;
+        made_ += count;
+        return true;
+    }
+
     static void place(C3DPoint& point, const Position& position) {
         point.x = position.x;
         point.y = position.y;
         point.z = position.z;
     }
 
-    C3DLine* const* next_;
+    CExtArray<C3DLine>& lines_;
+    int made_ = 0;
+    C3DLine* const* next_ = nullptr;
+    C3DLine* const* end_ = nullptr;
     Position last_{};
 };
 
@@ -45,23 +75,21 @@ template <typename Evaluator>
             return false;
         }
         for (int lane = 0; lane < kLanes<Lanes> && s + lane < divisions; ++lane) {
-            chain.add(positions[lane]);
+            if (!chain.add(positions[lane])) {
+                return false;
+            }
         }
     }
-    if (!evaluator.at_knot(curve.span_end(span), positions[0])) {
-        return false;
-    }
-    chain.add(positions[0]);
-    return true;
+    return evaluator.at_knot(curve.span_end(span), positions[0]) && chain.add(positions[0]);
 }
 
 template <typename Evaluator>
-[[gnu::always_inline]] inline bool draw(const Curve& curve, int divisions, C3DLine* const* segments) {
+[[gnu::always_inline]] inline bool draw(const Curve& curve, int divisions, CExtArray<C3DLine>& lines) {
     Evaluator evaluator(curve);
     if (!evaluator.prepare()) {
         return false;
     }
-    SegmentChain chain(segments);
+    SegmentChain chain(lines);
     bool has_begun = false;
     for (int span = curve.first_span; span < curve.end_span; ++span) {
         const double step = curve.step(span, divisions);
@@ -83,18 +111,18 @@ template <typename Evaluator>
     return true;
 }
 
-bool draw_any(const Curve& curve, int divisions, C3DLine* const* segments) {
-    return draw<FullEvaluator>(curve, divisions, segments);
+bool draw_any(const Curve& curve, int divisions, CExtArray<C3DLine>& lines) {
+    return draw<FullEvaluator>(curve, divisions, lines);
 }
 
 template <int Degree>
-[[gnu::flatten]] bool draw_by_twos(const Curve& curve, int divisions, C3DLine* const* segments) {
-    return draw<SpanEvaluator<Degree, Pair>>(curve, divisions, segments);
+[[gnu::flatten]] bool draw_by_twos(const Curve& curve, int divisions, CExtArray<C3DLine>& lines) {
+    return draw<SpanEvaluator<Degree, Pair>>(curve, divisions, lines);
 }
 
 template <int Degree>
-[[gnu::target("avx"), gnu::flatten]] bool draw_by_fours(const Curve& curve, int divisions, C3DLine* const* segments) {
-    return draw<SpanEvaluator<Degree, Quad>>(curve, divisions, segments);
+[[gnu::target("avx"), gnu::flatten]] bool draw_by_fours(const Curve& curve, int divisions, CExtArray<C3DLine>& lines) {
+    return draw<SpanEvaluator<Degree, Quad>>(curve, divisions, lines);
 }
 
 constexpr Draw kDrawByTwos[] = {draw_by_twos<1>, draw_by_twos<2>, draw_by_twos<3>, draw_by_twos<4>,

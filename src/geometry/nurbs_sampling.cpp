@@ -15,10 +15,10 @@ constexpr std::int64_t kMostSegments = INT32_MAX - 17;
 
 // Segments that are there are used again.
 bool draw_curve(const Curve& curve, int divisions, std::int64_t count, CExtArray<C3DLine>& lines) {
-    if (count > kMostSegments || !has_finite_points(curve) || !resize_filled(lines, static_cast<int>(count))) {
+    if (count > kMostSegments || !has_finite_points(curve) || !resize_slots(lines, static_cast<int>(count))) {
         return false;
     }
-    return choose_drawing(curve)(curve, divisions, lines.Slots());
+    return choose_drawing(curve)(curve, divisions, lines);
 }
 
 }  // namespace

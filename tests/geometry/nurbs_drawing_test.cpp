@@ -6,6 +6,7 @@
 #include <random>
 #include <vector>
 
+#include "geometry/filled_array.h"
 #include "geometry/nurbs_probe.h"
 #include "orvil/geometry/space_primitives.h"
 
@@ -15,29 +16,14 @@ namespace {
 using detail::Curve;
 using detail::Draw;
 
-class Segments {
-public:
-    explicit Segments(std::size_t count) : lines_(count) {
-        for (C3DLine& line : lines_) {
-            slots_.push_back(&line);
-        }
+std::vector<double> numbers_of(const CExtArray<C3DLine>& lines) {
+    std::vector<double> numbers;
+    for (int i = 0; i < lines.GetSize(); ++i) {
+        const C3DLine& line = *lines.GetAt(i);
+        numbers.insert(numbers.end(), {line.start.x, line.start.y, line.start.z, line.end.x, line.end.y, line.end.z});
     }
-
-    C3DLine* const* slots() const { return slots_.data(); }
-
-    std::vector<double> numbers() const {
-        std::vector<double> numbers;
-        for (const C3DLine& line : lines_) {
-            numbers.insert(numbers.end(),
-                           {line.start.x, line.start.y, line.start.z, line.end.x, line.end.y, line.end.z});
-        }
-        return numbers;
-    }
-
-private:
-    std::vector<C3DLine> lines_;
-    std::vector<C3DLine*> slots_;
-};
+    return numbers;
+}
 
 // A clamped curve with spans of any widths, some of which are none.
 NurbsProbe random_curve(std::mt19937& random, int degree) {
@@ -56,9 +42,10 @@ NurbsProbe random_curve(std::mt19937& random, int degree) {
 }
 
 std::vector<double> drawn(Draw draw, const Curve& curve, int divisions) {
-    const Segments segments(static_cast<std::size_t>(count_segments(curve, divisions)));
-    EXPECT_TRUE(draw(curve, divisions, segments.slots()));
-    return segments.numbers();
+    CExtArray<C3DLine> lines;
+    EXPECT_TRUE(detail::resize_slots(lines, static_cast<int>(count_segments(curve, divisions))));
+    EXPECT_TRUE(draw(curve, divisions, lines));
+    return numbers_of(lines);
 }
 
 // Where the processor cannot compute with four at once the curve is drawn by twos anyway.

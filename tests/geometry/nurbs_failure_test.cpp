@@ -139,6 +139,19 @@ TEST(NurbsOutOfMemory, CreateLinesLeavesNoLines) {
     expect_no_lines_on_failure(small_curve(), 38);
 }
 
+// With weights of 1 and -1 the sum is 0 in the middle of the span.
+TEST(NurbsOutOfMemory, ACurveThatFailsTakesNoMemoryForWhatIsBehind) {
+    for (const double weight : {0.0, -1.0}) {
+        NurbsProbe curve(1);
+        curve.add_ctrl(1, 2, 3, -weight);
+        curve.add_ctrl(4, 5, 6, weight);
+        curve.add_knots({0, 0, 1, 1});
+        start_counting_allocations();
+        EXPECT_FALSE(curve.CreateLines(100'000));
+        EXPECT_LT(stop_counting_allocations(), weight == 0 ? 10 : 55'000);
+    }
+}
+
 TEST(NurbsOutOfMemory, CreateLinesOverDecreasingKnotsLeavesNoLines) {
     NurbsProbe source(1);
     source.add_knots({0, 0, 2, 1, 3, 3});
