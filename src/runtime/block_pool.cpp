@@ -67,14 +67,19 @@ BlockPool::Page* BlockPool::begin_page() {
     return page;
 }
 
-void BlockPool::reset_page(Page* page, std::size_t index) {
+// Of a page whose bit map is clear.
+void BlockPool::start_carving(Page* page) {
     page->carved = kFirstBlock;
-    page->block_size = static_cast<std::uint32_t>((index + 1) * kGranularity);
-    page->quick_limit = static_cast<std::uint32_t>(kPageSize) - 2 * page->block_size;
     page->dead = 0;
     page->due = 0;
     page->hint = 0;
+}
+
+void BlockPool::reset_page(Page* page, std::size_t index) {
+    page->block_size = static_cast<std::uint32_t>((index + 1) * kGranularity);
+    page->quick_limit = static_cast<std::uint32_t>(kPageSize) - 2 * page->block_size;
     std::memset(page->freed, 0, sizeof page->freed);
+    start_carving(page);
 }
 
 void* BlockPool::take_seldom(std::size_t index, bool cleared) {
@@ -115,10 +120,7 @@ unsigned char* BlockPool::take_freed(Page* page, bool cleared) {
 void BlockPool::rewind_page(Page* page) {
     constexpr std::size_t kBytesPerWord = kGranularity * 64;
     std::memset(page->freed, 0, (page->carved + kBytesPerWord - 1) / kBytesPerWord * sizeof *page->freed);
-    page->carved = kFirstBlock;
-    page->dead = 0;
-    page->due = 0;
-    page->hint = 0;
+    start_carving(page);
 }
 
 // What a page becomes when it has room again or its last living block has gone. The last page of its class stays open:

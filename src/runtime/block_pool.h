@@ -116,6 +116,7 @@ private:
 
     static void reset_page(Page* page, std::size_t index);
     static void rewind_page(Page* page);
+    static void start_carving(Page* page);
 
     // Where a block begins in its page, in units of the granularity.
     static std::size_t unit_of(const void* block) {

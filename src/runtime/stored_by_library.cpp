@@ -13,7 +13,9 @@ void* StoredByLibrary::operator new(std::size_t size, const std::nothrow_t&) noe
 }
 
 void StoredByLibrary::operator delete(void* block, std::size_t size) noexcept {
-    free_node(block, size);
+    if (block != nullptr) {
+        free_node(block, size);
+    }
 }
 
 void StoredByLibrary::operator delete(void* block, const std::nothrow_t&) noexcept {

@@ -75,6 +75,13 @@ TEST(StoredByLibrary, WithoutMemoryEitherFormOfNewYieldsNull) {
     });
 }
 
+TEST(StoredByLibrary, NullIsNotTakenBack) {
+    C3DLine::operator delete(nullptr, sizeof(C3DLine));
+    C3DLine::operator delete(nullptr, std::nothrow);
+    const std::unique_ptr<C3DLine> line(new C3DLine);
+    EXPECT_NE(line, nullptr);
+}
+
 TEST(StoredByLibrary, AnObjectCanBeMadeInPlace) {
     alignas(C3DLine) unsigned char memory[sizeof(C3DLine)];
     auto* line = new (memory) C3DLine(1, 2, 3, 4, 5, 6);

@@ -20,7 +20,7 @@ public:
     static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
     /// @return @p place
     static void* operator new(std::size_t, void* place) noexcept { return place; }
-    /// Takes the memory of an object of @p size bytes back.
+    /// Takes the memory of an object of @p size bytes back; null is ignored.
     static void operator delete(void* block, std::size_t size) noexcept;
     /// Takes the memory back of an object whose constructor has thrown.
     static void operator delete(void* block, const std::nothrow_t&) noexcept;
